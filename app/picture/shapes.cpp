@@ -1,0 +1,308 @@
+// Entities drawn from their groups, whether the library has a class for them or not.
+#include "DbDictionary.h"
+#include "curves.h"
+#include "drawer.h"
+#include "palette.h"
+#include <algorithm>
+#include <cmath>
+#include <optional>
+#include <set>
+
+namespace picture {
+
+namespace {
+
+constexpr double kDegree = OdaPI / 180;
+
+void drawLine(const Fields& line, const Brush& brush) { brush.stroke({line.point(10), line.point(11)}); }
+
+void drawCircle(const Fields& circle, const Brush& brush) {
+  const double radius = circle.real(40);
+  Points points;
+  addArc(points, circle.point(10), radius, 0, Oda2PI, brush.segments(radius, Oda2PI));
+  brush.inPlane(circle.normal()).stroke(points);
+}
+
+void drawArc(const Fields& arc, const Brush& brush) {
+  const double radius = arc.real(40);
+  const double start = arc.real(50) * kDegree;
+  const double sweep = sweepBetween(start, arc.real(51) * kDegree);
+  Points points;
+  addArc(points, arc.point(10), radius, start, sweep, brush.segments(radius, sweep));
+  brush.inPlane(arc.normal()).stroke(points);
+}
+
+void drawEllipse(const Fields& ellipse, const Brush& brush) {
+  const OdGeVector3d major = ellipse.point(11).asVector();
+  OdGeVector3d normal = ellipse.normal();
+  normal.normalize();
+  const OdGeVector3d minor = normal.crossProduct(major) * ellipse.real(40, 1);
+  const double start = ellipse.real(41);
+  const double sweep = sweepBetween(start, ellipse.real(42, Oda2PI));
+  Points points;
+  addEllipse(points, ellipse.point(10), major, minor, start, sweep, brush.segments(major.length(), sweep));
+  brush.stroke(points);
+}
+
+void drawSpline(const Fields& fields, const Brush& brush) {
+  constexpr int kClosed = 1;
+  const Spline spline{fields.integer(71, 3), fields.reals(40), fields.points(10), fields.reals(41)};
+  Points points;
+  if (spline.isValid())
+    spline.addTo(points, brush);
+  else if (const Points through = fields.points(11); !through.empty())
+    addSmooth(points, through, (fields.integer(70) & kClosed) != 0);
+  else
+    throw OdError(eDegenerateGeometry);
+  brush.stroke(points);
+}
+
+void drawFace(const Fields& face, const Brush& brush) {
+  const Points corners = {face.point(10), face.point(11), face.point(12),
+                          face.has(13) ? face.point(13) : face.point(12)};
+  const int hidden = face.integer(70);
+  for (std::size_t i = 0; i < corners.size(); ++i)
+    if (!(hidden >> i & 1)) brush.stroke({corners[i], corners[(i + 1) % corners.size()]});
+}
+
+void drawSolid(const Fields& solid, const Brush& brush) {
+  // The third and fourth corner are stored crosswise.
+  const OdGePoint3d third = solid.point(12);
+  brush.inPlane(solid.normal())
+      .fill({{solid.point(10), solid.point(11), solid.has(13) ? solid.point(13) : third, third}},
+            FillRule::winding);
+}
+
+/// Lines without end, cut at the frame of the picture. While that is not known, their base point stands for
+/// them.
+void drawEndless(const Fields& line, const Brush& brush, bool bothWays) {
+  const OdGePoint3d base = line.point(10);
+  const OdGeVector3d direction = line.point(11).asVector();
+  Box frame = brush.view().frame;
+  if (frame.isEmpty()) {
+    brush.stroke({base});
+    return;
+  }
+  frame = frame.grown(frame.width() + frame.height());
+  const Point from = brush.map(base);
+  const OdGeVector2d way = brush.map(direction);
+  if (!(way.length() > 0) || !isDrawable(from) || !isDrawable(way.length())) return;
+  const double reach = (frame.width() + frame.height() + from.distanceTo(frame.center())) / way.length();
+  Point start = bothWays ? from - way * reach : from;
+  Point end = from + way * reach;
+  const OdGeVector2d whole = end - start;
+  const Point first = start;
+  if (!cutSegment(frame, start, end)) return;
+  const double length = whole.length() / way.length();
+  const double low = start.distanceTo(first) / whole.length() * length - (bothWays ? reach : 0);
+  const double high = end.distanceTo(first) / whole.length() * length - (bothWays ? reach : 0);
+  brush.stroke({base + direction * low, base + direction * high});
+}
+void drawRay(const Fields& line, const Brush& brush) { drawEndless(line, brush, false); }
+void drawXline(const Fields& line, const Brush& brush) { drawEndless(line, brush, true); }
+
+/// The outline of a raster picture in world coordinates: its clipping polygon or its edges.
+Points rasterOutline(const Fields& image) {
+  const OdGePoint3d origin = image.point(10);
+  const OdGeVector3d u = image.point(11).asVector();
+  const OdGeVector3d v = image.point(12).asVector();
+  const double columns = image.real(13, 1);
+  const double rows = image.real(23, 1);
+  Points clip = image.points(14);
+  constexpr int kRectangle = 1;
+  if (clip.size() == 2 && image.integer(71, kRectangle) == kRectangle)
+    clip = {clip[0], {clip[1].x, clip[0].y, 0}, clip[1], {clip[0].x, clip[1].y, 0}};
+  if (clip.size() < 3)
+    clip = {{-0.5, -0.5, 0}, {columns - 0.5, -0.5, 0}, {columns - 0.5, rows - 0.5, 0}, {-0.5, rows - 0.5, 0}};
+  Points outline;
+  // Pixels count from the upper left; their middles have whole numbers.
+  for (const OdGePoint3d& pixel : clip)
+    outline.push_back(origin + u * (pixel.x + 0.5) + v * (rows - pixel.y - 0.5));
+  return outline;
+}
+
+void drawImage(const Fields& image, const Brush& brush) {
+  Points outline = rasterOutline(image);
+  outline.push_back(outline.front());
+  brush.strokeContinuous(outline);
+}
+
+/// Whether the drawing shows the frames of its masks; 2 is on screens only.
+bool showsMaskFrames(const OdDbDatabase& database, bool isPlotted) {
+  const auto names = OdDbDictionary::cast(database.getNamedObjectsDictionaryId().openObject());
+  const OdDbObjectPtr settings =
+      names.isNull() ? OdDbObjectPtr() : names->getAt(L"ACAD_WIPEOUT_VARS").openObject();
+  if (settings.isNull()) return false;
+  constexpr int kFrame = 70;
+  const int frame = Fields(*settings).integer(kFrame);
+  return frame == 1 || (frame == 2 && !isPlotted);
+}
+
+void drawWipeout(const OdDbEntity& entity, const Brush& brush) {
+  Points outline = rasterOutline(Fields(entity));
+  brush.withColor(kPaper).fill({outline});
+  outline.push_back(outline.front());
+  if (showsMaskFrames(*entity.database(), brush.view().isPlotted)) brush.strokeContinuous(outline);
+}
+
+/// The edges of the faces of a mesh, each once.
+void drawMesh(const Fields& mesh, const Brush& brush) {
+  constexpr int kFaces = 93;
+  constexpr int kEdges = 94;
+  constexpr int kNumber = 90;
+  const Points points = mesh.points(10);
+  std::set<std::pair<int, int>> edges;
+  const OdDbGroup* end = mesh.find(kEdges, mesh.begin());
+  std::vector<int> numbers;
+  for (const OdDbGroup* at = mesh.find(kFaces, mesh.begin()); at < end; ++at)
+    if (at->code == kNumber) numbers.push_back(integerOf(*at));
+  // Each face: how many corners it has, and their numbers.
+  for (std::size_t face = 0; face < numbers.size();) {
+    const auto count = static_cast<std::size_t>(std::max(0, numbers[face++]));
+    if (count > numbers.size() - face) break;
+    for (std::size_t i = 0; i < count; ++i)
+      edges.insert(std::minmax({numbers[face + i], numbers[face + (i + 1) % count]}));
+    face += count;
+  }
+  const auto isPoint = [&](int number) {
+    return number >= 0 && static_cast<std::size_t>(number) < points.size();
+  };
+  for (const auto& [from, to] : edges)
+    if (isPoint(from) && isPoint(to))
+      brush.stroke({points[static_cast<std::size_t>(from)], points[static_cast<std::size_t>(to)]});
+}
+
+/// Colours of the lines of a style of parallel lines; none: the entity's.
+std::vector<std::optional<Color>> elementColors(const OdDbEntity& mline) {
+  constexpr int kStyle = 340;
+  constexpr int kOffset = 49; // begins an element
+  constexpr int kColor = 62;
+  std::vector<std::optional<Color>> colors;
+  const Fields fields(mline);
+  const OdDbGroup* reference = fields.find(kStyle, fields.begin());
+  const OdDbObjectPtr style = reference == fields.end()
+                                  ? OdDbObjectPtr()
+                                  : mline.database()->getOdDbObjectId(reference->handle).openObject();
+  if (style.isNull()) return colors;
+  for (const OdDbGroup& group : Fields(*style)) {
+    if (group.code == kOffset) colors.emplace_back();
+    const int color = group.code == kColor ? integerOf(group) : 0;
+    if (!colors.empty() && color > 0 && color < 256) colors.back() = paletteColor(color);
+  }
+  return colors;
+}
+
+void drawMline(const OdDbEntity& entity, const Brush& brush) {
+  constexpr int kClosed = 2;
+  const Fields mline(entity);
+  std::vector<Points> lines;
+  OdGePoint3d vertex;
+  OdGeVector3d miter;
+  std::size_t element = 0;
+  bool isFirst = false; // of the parameters of an element, which is its distance
+  for (const OdDbGroup* group = mline.begin(); group != mline.end(); ++group) {
+    if (group->code == 11) {
+      vertex = mline.pointAt(group);
+      element = 0;
+    } else if (group->code == 13) {
+      miter = mline.pointAt(group).asVector();
+    } else if (group->code == 74) {
+      isFirst = true;
+    } else if (group->code == 41 && isFirst) {
+      isFirst = false;
+      if (element >= lines.size()) lines.resize(element + 1);
+      lines[element++].push_back(vertex + miter * group->real);
+    }
+  }
+  const std::vector<std::optional<Color>> colors = elementColors(entity);
+  for (std::size_t i = 0; i < lines.size(); ++i) {
+    const Color color = i < colors.size() ? colors[i].value_or(brush.style().color) : brush.style().color;
+    brush.withColor(color).stroke(lines[i], (mline.integer(71) & kClosed) != 0);
+  }
+}
+
+using DrawFields = void (*)(const Fields&, const Brush&);
+struct Kind {
+  const char* name;
+  DrawFields draw;
+};
+
+/// A dot, or the sign that the drawing has for points.
+void drawPoint(const OdDbEntity& entity, const Brush& brush) {
+  constexpr int kCircle = 32;
+  constexpr int kSquare = 64;
+  const OdGePoint3d at = Fields(entity).point(10);
+  const int mode = headerInteger(*entity.database(), L"$PDMODE", 0);
+  double size = headerReal(*entity.database(), L"$PDSIZE", 0);
+  constexpr double kUsual = 5; // per cent of the picture's height
+  if (size <= 0)
+    size = brush.view().frame.isEmpty()
+               ? 0
+               : (size < 0 ? -size : kUsual) / 100 * brush.view().frame.height() / brush.scale();
+  const double half = size / 2;
+  const auto line = [&](double x1, double y1, double x2, double y2) {
+    brush.strokeContinuous({at + OdGeVector3d(x1, y1, 0) * half, at + OdGeVector3d(x2, y2, 0) * half});
+  };
+  switch (mode & 7) {
+  case 0: brush.strokeContinuous({at}); break;
+  case 2:
+    line(-2, 0, 2, 0);
+    line(0, -2, 0, 2);
+    break;
+  case 3:
+    line(-2, -2, 2, 2);
+    line(-2, 2, 2, -2);
+    break;
+  case 4: line(0, 0, 0, 1); break;
+  default: break;
+  }
+  if (mode & kCircle) {
+    Points points;
+    addArc(points, at, half, 0, Oda2PI, brush.segments(half, Oda2PI));
+    brush.strokeContinuous(points);
+  }
+  if (mode & kSquare) {
+    line(-1, -1, 1, -1);
+    line(1, -1, 1, 1);
+    line(1, 1, -1, 1);
+    line(-1, 1, -1, -1);
+  }
+}
+
+} // namespace
+
+bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& brush) {
+  static constexpr Kind kKinds[] = {
+      {"LINE", drawLine},
+      {"CIRCLE", drawCircle},
+      {"ARC", drawArc},
+      {"ELLIPSE", drawEllipse},
+      {"SPLINE", drawSpline},
+      {"HELIX", drawSpline},
+      {"LWPOLYLINE", drawLwPolyline},
+      {"SOLID", drawSolid},
+      {"TRACE", drawSolid},
+      {"3DFACE", drawFace},
+      {"RAY", drawRay},
+      {"XLINE", drawXline},
+      {"IMAGE", drawImage},
+      {"MESH", drawMesh},
+      {"HATCH", drawHatch},
+  };
+  using DrawEntity = void (*)(const OdDbEntity&, const Brush&);
+  static constexpr std::pair<const char*, DrawEntity> kWhole[] = {
+      {"POINT", drawPoint}, {"POLYLINE", drawOldPolyline}, {"WIPEOUT", drawWipeout}, {"MLINE", drawMline}};
+  for (const Kind& known : kKinds) {
+    if (kind != known.name) continue;
+    known.draw(Fields(entity), brush);
+    return true;
+  }
+  for (const auto& [name, draw] : kWhole) {
+    if (kind != name) continue;
+    draw(entity, brush);
+    return true;
+  }
+  return false;
+}
+
+} // namespace picture

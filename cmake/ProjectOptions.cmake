@@ -1,0 +1,61 @@
+# Compiler settings shared by every target, and the helpers that define the targets.
+include(CTest)
+option(BLOCKATTR_SANITIZE "Build with address and undefined-behaviour sanitizers" OFF)
+option(BLOCKATTR_FUZZ "Build for tests with random input, under the sanitizers as well; needs clang" OFF)
+option(BLOCKATTR_BENCH "Build the benchmark programs" ON)
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_POSITION_INDEPENDENT_CODE ON)
+set(CMAKE_SHARED_LIBRARY_PREFIX "")
+set(CMAKE_SHARED_MODULE_PREFIX "")
+# One folder holds everything that runs, so that libraries are found by name beside the program.
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+      CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
+      CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} ${CCACHE})
+endif()
+
+add_compile_options(-Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wimplicit-fallthrough
+                    -Werror -fvisibility-inlines-hidden)
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  # gcc 12 sees uninitialised members in every moved std::variant; the sanitizers look for the real ones.
+  add_compile_options(-Wno-maybe-uninitialized)
+  if(CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+    # It also sees copies out of bounds where short std::strings are joined (gcc bugs 105329 and 105651), depending on
+    # nothing but the length of the folder's name.
+    add_compile_options(-Wno-array-bounds -Wno-restrict -Wno-stringop-overflow -Wno-stringop-overread)
+  endif()
+endif()
+if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
+  # The text of messages is data from the string table, so their formats are never literals.
+  add_compile_options(-Wno-format-nonliteral)
+endif()
+set(sanitizers address,undefined)
+set(optimisation -O1)
+if(BLOCKATTR_FUZZ)
+  set(sanitizers fuzzer-no-link,${sanitizers})
+  set(optimisation -O2)
+endif()
+if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
+  add_compile_options(-fsanitize=${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer ${optimisation} -g1)
+  add_link_options(-fsanitize=${sanitizers})
+endif()
+
+# hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder. Sources are found by
+# the build itself, so that a test file cannot be left out.
+function(hb_test name)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  add_executable(${name} ${sources})
+  target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock_main)
+  target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <string> <vector>)
+  # The leaks of others are listed there.
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0")
+endfunction()

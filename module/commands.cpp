@@ -1,0 +1,27 @@
+// The commands of the module, registered with the host while the module is loaded, and where its dialogs look
+// for their user.
+#include "attext/attext_command.h"
+#include "frame/host_lookup.h"
+#include "frame/registration.h"
+#include "frame/test_command.h"
+#include "ui/dialog.h"
+
+namespace {
+
+using frame::CommandRegistration;
+using frame::createCommand;
+
+const CommandRegistration elxTest{"ElxTest", &createCommand<TestCmd>};
+const CommandRegistration attExt{"AttExt", &createCommand<AttExtCmd>};
+
+/// Whom the host offers to work dialogs in place of a person at a window; mostly nobody.
+ui::DialogUser* hostDialogUser() {
+  const auto find = reinterpret_cast<ui::GetDialogUserFunction>(frame::hostExport(ui::getDialogUserExport));
+  return find ? find() : nullptr;
+}
+
+const struct DialogUserSource {
+  DialogUserSource() { ui::setDialogUserSource(&hostDialogUser); }
+} dialogUserSource;
+
+} // namespace

@@ -1,0 +1,34 @@
+#pragma once
+// The window styles that the resource script uses and that a face reads back, under their customary names.
+// A stock resource compiler knows the statements of a script but not these numbers.
+
+#ifndef WS_POPUP
+#define WS_POPUP 0x80000000
+#define WS_CHILD 0x40000000
+#define WS_VISIBLE 0x10000000
+#define WS_DISABLED 0x08000000
+#define WS_CAPTION 0x00C00000
+#define WS_SYSMENU 0x00080000
+#define WS_GROUP 0x00020000
+#define WS_TABSTOP 0x00010000
+#endif
+
+#ifndef DS_SETFONT
+#define DS_SETFONT 0x40
+#define DS_SHELLFONT 0x48
+#define DS_MODALFRAME 0x80
+#endif
+
+#ifndef BS_PUSHBUTTON
+#define BS_PUSHBUTTON 0x0
+#define BS_DEFPUSHBUTTON 0x1
+#define BS_AUTOCHECKBOX 0x3
+#define BS_GROUPBOX 0x7
+#define BS_AUTORADIOBUTTON 0x9
+#define BS_TYPEMASK 0xF
+#endif
+
+#ifndef ES_AUTOHSCROLL
+#define ES_AUTOHSCROLL 0x0080
+#define ES_READONLY 0x0800
+#endif

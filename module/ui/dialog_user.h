@@ -1,0 +1,141 @@
+#pragma once
+// What passes between an open dialog of the module and whoever works it: a person at a terminal, a script, a
+// test. Header only, because the dialog lives in the module and its user in the host program. Texts are
+// zero-ended; a pointer that is handed out stays valid until the next call on the same object.
+
+namespace ui {
+
+enum class ControlKind { staticText, group, button, checkBox, radioButton, edit, comboBox, listBox };
+
+/// A place in dialog units, from the dialog's upper left corner.
+struct ControlPlace {
+  int x, y, width, height;
+};
+
+/// One control as its user sees it.
+struct ControlInfo {
+  int id;
+  ControlKind kind;
+  /// The caption with its `&`, or the contents of an edit, or the chosen item of a combo box or list.
+  const wchar_t* text;
+  bool enabled;
+  bool shown;
+  /// Check boxes and radio buttons.
+  bool checked;
+  /// The button that Enter presses while no button has the focus.
+  bool isDefault;
+  /// Combo boxes and lists: how many items there are, and which is chosen (from 0; -1 for none).
+  int itemCount;
+  int selectedItem;
+  ControlPlace place;
+};
+
+/// How an action of the user ended. Only `done` changed anything.
+enum class Outcome {
+  done,
+  noSuchControl,
+  /// The control is of a kind that does not take this action.
+  wrongKind,
+  disabled,
+  hidden,
+  /// The item or row does not exist.
+  noSuchItem,
+  /// The dialog took the focus back while the user was on the way to the control (after a refused value).
+  focusKept,
+  /// The dialog has ended; nothing can be done to it any more.
+  ended
+};
+
+/// A dialog that is being shown. Controls are named by their numbers; the actions do what a person's mouse
+/// and keyboard would, with the focus moving first, and return after the dialog has reacted.
+class OpenDialog {
+public:
+  /// The number of the dialog's template.
+  virtual int number() const = 0;
+  virtual const wchar_t* title() const = 0;
+  virtual bool hasEnded() const = 0;
+  virtual int controlCount() const = 0;
+  /// The control at that place of the tab order, from 0; false when there is none.
+  virtual bool controlAt(int index, ControlInfo& info) const = 0;
+  /// The control of that number; false when there is none.
+  virtual bool control(int id, ControlInfo& info) const = 0;
+  /// An item of a combo box or list; null when there is none.
+  virtual const wchar_t* item(int id, int index) const = 0;
+  /// The number of the control that has the focus; 0 for none.
+  virtual int focus() const = 0;
+
+  /// Replaces the whole text of an edit.
+  virtual Outcome type(int id, const wchar_t* text) = 0;
+  /// Brings a check box or radio button to that state; a radio button cannot be unticked by itself. Nothing
+  /// happens when it already is in that state.
+  virtual Outcome tick(int id, bool on) = 0;
+  /// Chooses an item of a combo box or list, from 0.
+  virtual Outcome choose(int id, int item) = 0;
+  virtual Outcome press(int id) = 0;
+  /// Opens the context menu of a control and picks the item of that text.
+  virtual Outcome pickMenuItem(int id, const wchar_t* item) = 0;
+  /// Moves the focus to a control.
+  virtual Outcome moveFocus(int id) = 0;
+  /// Moves the focus to the next control, as Tab does.
+  virtual Outcome leave() = 0;
+  /// The keys Enter (presses the button that has the focus, else the default one), Esc and F1.
+  virtual Outcome enter() = 0;
+  virtual Outcome escape() = 0;
+  virtual Outcome help() = 0;
+
+protected:
+  ~OpenDialog() = default;
+};
+
+enum class MessageButtons { ok, okCancel, yesNo, yesNoCancel };
+enum class MessageIcon { none, error, question, warning, information };
+/// The numbers of the buttons.
+enum class MessageAnswer { ok = 1, cancel = 2, yes = 6, no = 7 };
+
+/// A message box; the answer must be one of its buttons.
+struct MessageQuestion {
+  const wchar_t* text;
+  const wchar_t* caption;
+  MessageButtons buttons;
+  MessageIcon icon;
+};
+
+/// A question for a file to open or to save.
+struct FileQuestion {
+  bool save;
+  /// Pairs of a description and a pattern, in the form "Texts (*.txt)|*.txt|All files (*.*)|*.*||".
+  const wchar_t* filter;
+  /// Where the question starts; may be empty.
+  const wchar_t* initialPath;
+  /// The name offered where there is no initial path: a name or a pattern such as "*.txt".
+  const wchar_t* defaultName;
+  /// The rules that the answer must keep; a path that breaks one is refused with a message and asked again.
+  bool fileMustExist;
+  bool pathMustExist;
+  bool overwritePrompt;
+};
+
+/// Whoever works the dialogs. One user may be asked from inside another question: a dialog's reaction to an
+/// action may open a message box or a further dialog before the action returns.
+class DialogUser {
+public:
+  /// A dialog has been set up and is shown; called once for each showing, before the first drive.
+  virtual void opened(const OpenDialog& dialog) = 0;
+  /// Called over and over while the dialog is open: each call carries out at least one action, and the dialog
+  /// shows its result. An exception closes the dialog and goes on to the caller of the command. A user that
+  /// keeps returning without having done anything ends the dialog with an error.
+  virtual void drive(OpenDialog& dialog) = 0;
+  virtual MessageAnswer answerMessage(const MessageQuestion& question) = 0;
+  /// The path chosen, or null for Cancel.
+  virtual const wchar_t* answerFile(const FileQuestion& question) = 0;
+
+protected:
+  ~DialogUser() = default;
+};
+
+/// The type of the optional export of the main host program by which the module finds the user; the export's
+/// name follows. It may return null for "nobody".
+using GetDialogUserFunction = DialogUser* (*)();
+inline constexpr const char* getDialogUserExport = "GetDialogUser";
+
+} // namespace ui

@@ -1,0 +1,113 @@
+#include "control_tree.h"
+#include "res/styles.h"
+#include <algorithm>
+#include <stdexcept>
+#include <utility>
+
+namespace ui::text {
+namespace {
+
+[[noreturn]] void refuse(unsigned dialog, unsigned id, const std::string& why) {
+  throw std::logic_error("dialog " + std::to_string(dialog) + ", control " + std::to_string(id) + ": " + why);
+}
+
+ControlKind buttonKind(unsigned dialog, const res::ControlTemplate& source) {
+  switch (source.style & BS_TYPEMASK) {
+  case BS_PUSHBUTTON:
+  case BS_DEFPUSHBUTTON: return ControlKind::button;
+  case BS_AUTOCHECKBOX: return ControlKind::checkBox;
+  case BS_AUTORADIOBUTTON: return ControlKind::radioButton;
+  case BS_GROUPBOX: return ControlKind::group;
+  default: refuse(dialog, source.id, "a button of this style cannot be shown as text");
+  }
+}
+
+ControlKind kindOf(unsigned dialog, const res::ControlTemplate& source) {
+  static const std::pair<const wchar_t*, ControlKind> kinds[] = {{L"Edit", ControlKind::edit},
+                                                                 {L"Static", ControlKind::staticText},
+                                                                 {L"ListBox", ControlKind::listBox},
+                                                                 {L"ComboBox", ControlKind::comboBox}};
+  if (source.windowClass.iCompare(L"Button") == 0) return buttonKind(dialog, source);
+  for (const auto& [name, kind] : kinds)
+    if (source.windowClass.iCompare(name) == 0) return kind;
+  refuse(dialog, source.id, "its window class " + source.windowClass.toUtf8() + " cannot be shown as text");
+}
+
+Control makeControl(unsigned dialog, const res::ControlTemplate& source) {
+  Control control;
+  control.id = static_cast<int>(source.id);
+  control.kind = kindOf(dialog, source);
+  control.text = source.text;
+  control.enabled = !(source.style & WS_DISABLED);
+  control.shown = (source.style & WS_VISIBLE) != 0;
+  control.tabStop = (source.style & WS_TABSTOP) != 0;
+  control.startsGroup = (source.style & WS_GROUP) != 0;
+  control.isDefault = control.kind == ControlKind::button && (source.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+  control.place = source.rect;
+  return control;
+}
+
+} // namespace
+
+ControlTree::ControlTree(const res::DialogTemplate& source, unsigned number) : m_number(number) {
+  for (const res::ControlTemplate& control : source.controls)
+    m_controls.push_back(makeControl(number, control));
+}
+
+Control* ControlTree::find(int id) {
+  const auto found = std::ranges::find(m_controls, id, &Control::id);
+  return found == m_controls.end() ? nullptr : &*found;
+}
+
+Control& ControlTree::at(int id) {
+  if (Control* control = find(id)) return *control;
+  refuse(m_number, static_cast<unsigned>(id), "there is no such control");
+}
+
+ControlTree::Range ControlTree::groupOf(const Control& control) const {
+  const auto index = static_cast<std::size_t>(&control - m_controls.data());
+  Range range{index, index + 1};
+  while (range.begin > 0 && !m_controls[range.begin].startsGroup) --range.begin;
+  while (range.end < m_controls.size() && !m_controls[range.end].startsGroup) ++range.end;
+  return range;
+}
+
+void ControlTree::check(Control& control, bool on) {
+  if (on && control.kind == ControlKind::radioButton) {
+    const Range group = groupOf(control);
+    for (std::size_t i = group.begin; i < group.end; ++i)
+      if (m_controls[i].kind == ControlKind::radioButton) m_controls[i].checked = false;
+  }
+  control.checked = on;
+}
+
+/// In a group of radio buttons Tab stops at the checked one, or at the marked one while none is checked.
+bool ControlTree::stopsTab(const Control& control) const {
+  if (!control.shown || !control.enabled || !control.takesFocus()) return false;
+  if (control.kind != ControlKind::radioButton) return control.tabStop;
+  const Range group = groupOf(control);
+  const auto first = m_controls.begin();
+  const bool anyChecked = std::any_of(
+      first + static_cast<std::ptrdiff_t>(group.begin), first + static_cast<std::ptrdiff_t>(group.end),
+      [](const Control& c) { return c.kind == ControlKind::radioButton && c.checked; });
+  return anyChecked ? control.checked : control.tabStop;
+}
+
+int ControlTree::nextTabStop(int id) const {
+  const auto current = std::ranges::find(m_controls, id, &Control::id);
+  const std::size_t count = m_controls.size();
+  const std::size_t start =
+      current == m_controls.end() ? 0 : static_cast<std::size_t>(current - m_controls.begin()) + 1;
+  for (std::size_t i = 0; i < count; ++i) {
+    const Control& candidate = m_controls[(start + i) % count];
+    if (stopsTab(candidate)) return candidate.id;
+  }
+  return 0;
+}
+
+const Control* ControlTree::defaultButton() const {
+  const auto found = std::ranges::find(m_controls, true, &Control::isDefault);
+  return found == m_controls.end() ? nullptr : &*found;
+}
+
+} // namespace ui::text

@@ -1,0 +1,45 @@
+#pragma once
+#include "DbEntity.h"
+
+namespace odDbOcs {
+struct Image;
+}
+
+/// What circles and arcs have in common.
+class OdDbCircularCurve : public OdDbEntity {
+  ODRX_DECLARE_MEMBERS(OdDbCircularCurve);
+
+public:
+  /// In world coordinates.
+  OdGePoint3d center() const;
+  void setCenter(const OdGePoint3d& center);
+  double radius() const;
+  void setRadius(double radius);
+  double thickness() const;
+  void setThickness(double thickness);
+  /// Setting it leaves the centre where it is.
+  OdGeVector3d normal() const;
+  void setNormal(const OdGeVector3d& normal);
+
+  /// Refuses what would make an ellipse of the circle.
+  OdResult transformBy(const OdGeMatrix3d& matrix) override;
+  OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+
+protected:
+  static const OdDbSubclass kSection;
+  /// The point of the circle in the direction of an angle of its plane.
+  OdGePoint3d pointAt(double angle) const;
+  /// Whether the curve has a point in this direction.
+  virtual bool covers(double) const { return true; }
+  /// Called with each transformation.
+  virtual void turn(const odDbOcs::Image&) {}
+};
+
+/// A circle.
+class OdDbCircle : public OdDbCircularCurve {
+  ODRX_DECLARE_MEMBERS(OdDbCircle);
+
+public:
+  OdDbSchema schema() const override;
+};
+using OdDbCirclePtr = OdSmartPtr<OdDbCircle>;

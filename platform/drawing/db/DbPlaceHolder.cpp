@@ -1,0 +1,3 @@
+#include "DbPlaceHolder.h"
+
+ODRX_CONS_DEFINE_MEMBERS(OdDbPlaceHolder, OdDbObject, "ACDBPLACEHOLDER")

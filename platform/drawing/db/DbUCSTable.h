@@ -1,0 +1,6 @@
+#pragma once
+#include "DbSymbolTable.h"
+#include "DbUCSTableRecord.h"
+
+/// The named user coordinate systems of a drawing.
+ODDB_DECLARE_SYMBOL_TABLE(OdDbUCSTable);

@@ -1,0 +1,4 @@
+#pragma once
+#include "OdArray.h"
+
+using OdBinaryData = OdArray<OdUInt8>;

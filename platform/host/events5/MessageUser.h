@@ -1,0 +1,17 @@
+#pragma once
+
+namespace host {
+
+/// Who reads messages and answers questions.
+class MessageUser {
+public:
+  virtual ~MessageUser() = default;
+  /// Shows a message and returns the button: one that `style` offers (IEventService.h).
+  virtual int answer(const wchar_t* text, const wchar_t* caption, unsigned int style) = 0;
+};
+
+/// Sets the user and returns the one before; it stays the caller's. Null, as at the start: messages are
+/// printed and questions answered with their default button.
+MessageUser* setMessageUser(MessageUser* user);
+
+} // namespace host

@@ -1,0 +1,240 @@
+// Damage of every kind, through every reader: it gives an error that a user can read, or a drawing that can
+// be used and written; it never crashes, hangs, or takes memory out of proportion.
+#include "DbEntity.h"
+#include "DxfReader.h"
+#include "DxfRecover.h"
+#include "DxfWriter.h"
+#include "dxf_text.h"
+#include "support/drawings.h"
+#include "sys/files.h"
+#include <charconv>
+#include <fstream>
+#include <functional>
+#include <gmock/gmock.h>
+#include <malloc.h>
+#include <random>
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+
+/// What came of reading some bytes.
+struct Reading {
+  OdDbDatabasePtr drawing; ///< null when there is an error
+  std::string error;
+};
+
+/// A way to read drawings. The readers share all tests of this file.
+struct Reader {
+  const char* name;
+  Reading (*read)(const std::string& bytes);
+};
+void PrintTo(const Reader& reader, std::ostream* out) { *out << reader.name; }
+
+Reading readStrictly(const std::string& bytes) {
+  OdDbDatabasePtr drawing = OdDbDatabase::createObject();
+  try {
+    odDbReadBytes(*drawing, bytes, nullptr, L"test.dxf");
+    return {drawing, ""};
+  } catch (const OdError_FileException& error) {
+    return {{}, error.what()};
+  }
+}
+
+Reading recover(const std::string& bytes) {
+  OdDbDatabasePtr drawing = OdDbDatabase::createObject();
+  try {
+    odDbRecoverBytes(*drawing, bytes, nullptr, L"test.dxf");
+    return {drawing, ""};
+  } catch (const OdError_FileException& error) {
+    return {{}, error.what()};
+  }
+}
+
+class CorruptionTest : public testing::TestWithParam<Reader> {
+protected:
+  /// Reads the bytes and uses what comes of them; says whether it is a drawing.
+  static bool survive(const std::string& bytes) {
+    const Reading reading = GetParam().read(bytes);
+    if (reading.drawing.isNull()) {
+      EXPECT_TRUE(reading.error.starts_with("test.dxf: ")) << reading.error;
+      return false;
+    }
+    EXPECT_NO_THROW(use(*reading.drawing));
+    return true;
+  }
+
+private:
+  static void use(OdDbDatabase& drawing) {
+    odDbVisitAll(drawing.store(), [](OdDbStub* stub) { OdDbObjectId(stub).safeOpenObject(); });
+    odDbVisitList(drawing.getModelSpaceId().stub()->children, [](OdDbStub* stub) {
+      OdGeExtents3d extents;
+      OdDbEntityPtr(OdDbObjectId(stub).safeOpenObject())->getGeomExtents(extents);
+    });
+    const std::string written = odDbWriteBytes(drawing);
+    EXPECT_EQ(test::drawingFromText(written)->store().objectCount(), drawing.store().objectCount());
+  }
+};
+
+std::vector<fs::path> exampleDrawings() {
+  std::vector<fs::path> drawings;
+  for (const char* folder : {EXAMPLES, EXAMPLES "/small"})
+    for (const auto& entry : fs::directory_iterator(folder))
+      if (entry.path().extension() == ".dxf") drawings.push_back(entry.path());
+  std::sort(drawings.begin(), drawings.end());
+  return drawings;
+}
+
+TEST_P(CorruptionTest, CutFilesAreSurvived) {
+  constexpr std::size_t kCuts = 200;
+  for (const fs::path& path : exampleDrawings()) {
+    SCOPED_TRACE(path.filename());
+    const std::string text(sys::readFile(path).bytes);
+    ASSERT_TRUE(survive(text));
+    for (std::size_t i = 0; i < kCuts; ++i) survive(text.substr(0, text.size() * i / kCuts));
+  }
+}
+
+class Damage {
+public:
+  explicit Damage(unsigned seed) : m_random(seed) {}
+
+  void inflict(std::string& text) {
+    const std::size_t at = any(text.size()), length = std::min<std::size_t>(1 + any(64), text.size() - at);
+    switch (any(6)) {
+    case 0: text[at] = static_cast<char>(any(256)); break;
+    case 1: text[at] = static_cast<char>(text[at] ^ 1 << any(8)); break;
+    case 2: text.erase(at, length); break;
+    case 3: text.insert(any(text.size()), text.substr(at, length)); break;
+    case 4: text.replace(at, length, length, '\0'); break;
+    default: replaceLine(text, at); break;
+    }
+  }
+
+private:
+  void replaceLine(std::string& text, std::size_t at) {
+    static const char* const kLines[] = {
+        "0", "-1", "1e308", "2147483647", "FFFFFFFFFFFFFFFE", "", "EOF", "ENDSEC", "}", "{", "330", "102"};
+    const std::size_t begin = text.rfind('\n', at) + 1;
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    text.replace(begin, end - begin, kLines[any(std::size(kLines))]);
+  }
+  std::size_t any(std::size_t count) { return m_random() % count; }
+  std::mt19937 m_random;
+};
+
+TEST_P(CorruptionTest, RandomDamageIsSurvived) {
+  constexpr unsigned kTimes = 2000, kMostDamages = 3;
+  std::vector<std::string> drawings;
+  for (const fs::path& path : exampleDrawings()) drawings.emplace_back(sys::readFile(path).bytes);
+  for (unsigned seed = 0; seed < kTimes; ++seed) {
+    SCOPED_TRACE("seed " + std::to_string(seed));
+    std::string damaged = drawings[seed % drawings.size()];
+    Damage damage(seed);
+    for (unsigned i = 0; i <= seed % kMostDamages; ++i) damage.inflict(damaged);
+    survive(damaged);
+  }
+}
+
+// --- files that nobody would write ---
+
+/// A piece once for each number from 0; "#" stands for the number in hexadecimal, "%" for the next one.
+std::string repeated(std::string_view groups, int count) {
+  const Layout brief{"AC1032", "\n", false};
+  std::string all;
+  const auto hexadecimal = [](int number) {
+    char text[16];
+    return std::string(text, std::to_chars(text, text + sizeof text, number, 16).ptr);
+  };
+  for (int i = 0; i < count; ++i) {
+    std::string piece;
+    for (const char c : groups)
+      if (c == '#' || c == '%')
+        piece += hexadecimal(0x1000 + i + (c == '%' ? 1 : 0));
+      else
+        piece += c;
+    all += dxf(piece, brief);
+  }
+  return all;
+}
+
+std::string in(const char* section, const std::string& records) {
+  return dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1032|0 ENDSEC|0 SECTION") + "  2\n" + section + "\n" +
+         records + dxf("0 ENDSEC|0 EOF");
+}
+
+/// Memory that a call takes at its height, in bytes.
+std::size_t peakMemory(const std::function<void()>& call) {
+  const auto kilobytes = [](const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+      if (std::size_t value = 0; word == name && status >> value) return value;
+    return std::size_t{0};
+  };
+  ::malloc_trim(0);
+  std::ofstream("/proc/self/clear_refs") << "5";
+  const std::size_t before = kilobytes("VmRSS:");
+  call();
+  return (kilobytes("VmHWM:") - before) * 1024;
+}
+
+TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
+  constexpr int kMany = 100000, kBytes = 1000000;
+  const std::string polyline =
+      "0 LWPOLYLINE|100 AcDbEntity|8 0|100 AcDbPolyline|70 1|10 0|20 0|10 1|20 1|90 ";
+  const std::pair<const char*, std::string> cases[] = {
+      {"no bytes", ""},
+      {"a picture", "\x89PNG\r\n\x1A\n\0\0\0\rIHDR\0\0\0\x10\0\0\0\x10\x08\x06\0\0\0\x1F\xF3\xFF\x61"s},
+      {"zeros", std::string(kBytes, '\0')},
+      {"line ends", std::string(kBytes, '\n')},
+      {"a line without an end", std::string(kBytes, '0')},
+      {"values before any name", in("ENTITIES", dxf("10 1|8 0|330 1F|0 LINE|5 2A|5 2B|10 1|10 2|20 1"))},
+      {"records in the wrong sections",
+       in("OBJECTS", dxf("0 INSERT|5 2A|0 ATTRIB|5 2B|0 SEQEND|0 BLOCK|0 TABLE"))},
+      {"markers in any order",
+       in("ENTITIES",
+          dxf("0 INSERT|1071 5|100 AcDbBlockReference|100 AcDbEntity|102 }|102 {A|1002 }|2 A|66 1"))},
+      {"more vertices than there are", in("ENTITIES", dxf(polyline + "2147483647"))},
+      {"fewer vertices than none", in("ENTITIES", dxf(polyline + "-2147483648"))},
+      {"rows and columns without end",
+       in("ENTITIES",
+          dxf("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 *Model_Space|70 32767|71 32767|44 "
+              "1e308|45 1e308|41 1e308"))},
+      {"a long text", in("ENTITIES", dxf("0 TEXT|100 AcDbText|1 " + std::string(kBytes, '\\')))},
+      {"long formats", in("ENTITIES", dxf("0 MTEXT|100 AcDbMText|41 1e-300|1 " + std::string(kMany, '{')))},
+      {"a long group code", in("ENTITIES", std::string(kBytes, '0') + "\nLINE\n")},
+      {"a long number", in("ENTITIES", dxf("0 LINE|10 0." + std::string(kBytes, '0') + "1"))},
+      {"a long chunk", in("ENTITIES", dxf("0 LINE|310 " + std::string(kBytes, 'A')))},
+      {"the last handle", in("ENTITIES", dxf("0 LINE|5 FFFFFFFFFFFFFFFE|0 LINE|0 LINE"))},
+      {"many kinds of records", in("ENTITIES", repeated("0 T#", kMany))},
+      {"many records of one name",
+       in("TABLES", dxf("0 TABLE|2 LAYER") + repeated("0 LAYER|2 x", kMany) + dxf("0 ENDTAB"))},
+      {"many references without an end", in("ENTITIES", repeated("0 INSERT|66 1|2 X|0 ATTRIB", kMany))},
+      {"groups within groups", in("ENTITIES", dxf("0 LINE") + repeated("102 {A", kMany))},
+      {"lists within lists", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("1002 {", kMany))},
+      {"ends without beginnings", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("102 }|1002 }", kMany))},
+      {"blocks within blocks",
+       in("BLOCKS", repeated("0 BLOCK|2 B#|0 INSERT|8 0|100 AcDbBlockReference|2 B%|0 ENDBLK", kMany) +
+                        dxf("0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|100 AcDbBlockReference|2 B1000"))},
+      {"a block within itself",
+       in("BLOCKS", dxf("0 BLOCK|2 A|0 INSERT|2 a|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|2 A"))},
+      {"owners of owners",
+       in("OBJECTS", repeated("0 DICTIONARY|5 %|330 #", kMany) + dxf("0 DICTIONARY|5 1000|330 0"))},
+      {"objects that own each other", in("OBJECTS", dxf("0 DICTIONARY|5 A|330 B|0 DICTIONARY|5 B|330 A"))},
+  };
+  for (const auto& [name, text] : cases) {
+    SCOPED_TRACE(name);
+    [[maybe_unused]] const std::size_t peak = peakMemory([&bytes = text] { survive(bytes); });
+#ifndef __SANITIZE_ADDRESS__ // which keeps what was freed
+    constexpr std::size_t kFixed = 16 << 20, kPerByte = 80;
+    EXPECT_LT(peak, kFixed + kPerByte * text.size());
+#endif
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Readers, CorruptionTest,
+                         testing::Values(Reader{"strict", readStrictly}, Reader{"recovering", recover}),
+                         [](const auto& reader) { return reader.param.name; });
+
+} // namespace

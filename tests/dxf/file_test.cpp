@@ -1,0 +1,229 @@
+// Files on disk: what is read, and what is left behind when writing fails.
+#include "DbObject.h"
+#include "DxfReader.h"
+#include "DxfStoreWriter.h"
+#include "DxfVerifier.h"
+#include "DxfWriter.h"
+#include "dxf_text.h"
+#include "support/drawings.h"
+#include "sys/files.h"
+#include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+using test::drawingFromText;
+using testing::HasSubstr;
+
+class FileTest : public testing::Test {
+protected:
+  FileTest() : m_folder(fs::temp_directory_path() / ("dxf_file_test_" + std::to_string(::getpid()))) {
+    fs::create_directories(m_folder);
+  }
+  ~FileTest() override { fs::remove_all(m_folder); }
+
+  fs::path put(const char* name, const std::string& text) const {
+    std::ofstream(m_folder / name, std::ios::binary) << text;
+    return m_folder / name;
+  }
+  static std::string textOf(const fs::path& path) { return std::string(sys::readFile(path).bytes); }
+  static OdString wide(const fs::path& path) { return OdString(sys::fromPath(path)); }
+  std::vector<std::string> names() const {
+    std::vector<std::string> all;
+    for (const auto& entry : fs::directory_iterator(m_folder))
+      all.push_back(entry.path().filename().string());
+    return all;
+  }
+  /// What writing the drawing to the path says, without the folder.
+  std::string writeError(OdDbDatabase& database, const fs::path& path) const {
+    try {
+      database.writeFile(wide(path));
+    } catch (const OdError_FileException& error) {
+      std::string what = error.what();
+      for (std::size_t at; (at = what.find(m_folder.string() + "/")) != std::string::npos;)
+        what.erase(at, m_folder.string().size() + 1);
+      return what;
+    }
+    return "(none)";
+  }
+
+  const fs::path m_folder;
+};
+
+TEST_F(FileTest, ErasedObjectsLeaveTheirDictionary) {
+  const OdDbDatabasePtr database = drawingFromText(smallDrawing());
+  database->getOdDbObjectId(OdDbHandle(0x50)).safeOpenObject(OdDb::kForWrite)->erase();
+  const fs::path path = m_folder / "erased.dxf";
+  EXPECT_EQ(writeError(*database, path), "(none)");
+  EXPECT_THAT(textOf(path), testing::Not(HasSubstr(dxf("3 Plain"))));
+}
+
+TEST_F(FileTest, DrawingsAreReadAndReplaced) {
+  const std::string text = smallDrawing();
+  const fs::path path = put("drawing \u00E9.dxf", text);
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  const OdDbDatabasePtr database = OdDbDatabase::createObject();
+  database->readFile(wide(path));
+  EXPECT_EQ(database->getFilename(), wide(path));
+  OdDbObjectId(database->store().find(0x41)).safeOpenObject(OdDb::kForWrite)->erase();
+  database->writeFile(wide(path));
+  EXPECT_EQ(textOf(path), test::savedBytes(*database));
+  EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  database->writeFile(wide(m_folder / "copy.dxf"));
+  EXPECT_EQ(database->getFilename(), wide(m_folder / "copy.dxf"));
+  EXPECT_EQ(names().size(), 2u);
+}
+
+TEST_F(FileTest, LinksAreFollowed) {
+  const fs::path target = put("target.dxf", "old");
+  fs::create_symlink("target.dxf", m_folder / "link.dxf");
+  fs::create_symlink("new.dxf", m_folder / "dangling.dxf");
+  const OdDbDatabasePtr database = drawingFromText(smallDrawing());
+  database->writeFile(wide(m_folder / "link.dxf"));
+  database->writeFile(wide(m_folder / "dangling.dxf"));
+  EXPECT_TRUE(fs::is_symlink(m_folder / "link.dxf"));
+  EXPECT_EQ(textOf(target), smallDrawing());
+  EXPECT_EQ(textOf(m_folder / "new.dxf"), smallDrawing());
+}
+
+TEST_F(FileTest, BackupIsTheFileThatWasReplaced) {
+  const OdDbDatabasePtr database = drawingFromText(smallDrawing());
+  OdDbDxfWriteOptions options;
+  options.backup = true;
+  const fs::path path = put("plan.dxf", "old");
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  fs::create_symlink("plan.dxf", m_folder / "link.dxf");
+  put("plan.dxf.bak", "older");
+  odDbWriteFile(*database, wide(m_folder / "link.dxf"), options);
+  EXPECT_EQ(textOf(m_folder / "plan.dxf.bak"), "old");
+  EXPECT_EQ(textOf(path), smallDrawing());
+  EXPECT_EQ(fs::status(m_folder / "plan.dxf.bak").permissions(), fs::status(path).permissions());
+  // Where the backup is another name of the file already, as after a commit that failed.
+  fs::create_hard_link(path, m_folder / "twice.dxf");
+  fs::create_hard_link(path, m_folder / "twice.dxf.bak");
+  odDbWriteFile(*database, wide(m_folder / "twice.dxf"), options);
+  odDbWriteFile(*database, wide(m_folder / "new.dxf"), options);
+  // What cannot be kept is not replaced.
+  put("kept.dxf", "old");
+  fs::create_directory(m_folder / "kept.dxf.bak");
+  EXPECT_THROW(odDbWriteFile(*database, wide(m_folder / "kept.dxf"), options), OdError_FileException);
+  EXPECT_EQ(textOf(m_folder / "kept.dxf"), "old");
+  EXPECT_THAT(names(), testing::UnorderedElementsAre("plan.dxf", "plan.dxf.bak", "link.dxf", "twice.dxf",
+                                                     "twice.dxf.bak", "new.dxf", "kept.dxf", "kept.dxf.bak"));
+}
+
+TEST_F(FileTest, OwnerIsKeptByTheAdministrator) {
+  if (::geteuid() != 0) GTEST_SKIP() << "only the administrator may give files away";
+  const fs::path path = put("plan.dxf", "old");
+  ASSERT_EQ(::chown(path.c_str(), 4321, 1234), 0);
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write | fs::perms::set_gid);
+  drawingFromText(smallDrawing())->writeFile(wide(path));
+  struct stat status {};
+  ASSERT_EQ(::stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_uid, 4321u);
+  EXPECT_EQ(status.st_gid, 1234u);
+  EXPECT_EQ(status.st_mode & 07777, 02600u);
+}
+
+TEST_F(FileTest, UnreadablePathsAreErrors) {
+  const OdDbDatabasePtr database = OdDbDatabase::createObject();
+  const std::pair<const char*, const char*> cases[] = {{"none.dxf", "No such file or directory"},
+                                                       {"", "Is a directory"}};
+  for (const auto& [name, reason] : cases) {
+    const fs::path path = m_folder / name;
+    try {
+      database->readFile(wide(path));
+      ADD_FAILURE() << path;
+    } catch (const OdError_FileException& error) {
+      EXPECT_EQ(error.what(), path.string() + ": " + reason);
+      EXPECT_EQ(error.code(), eFileAccessErr);
+    }
+  }
+}
+
+TEST_F(FileTest, FailedWritingLeavesTheOldFileAlone) {
+  const fs::path path = put("drawing.dxf", "old");
+  fs::create_directory(m_folder / "folder");
+  fs::create_symlink("loop", m_folder / "loop");
+  const OdDbDatabasePtr database = drawingFromText(smallDrawing());
+  EXPECT_EQ(writeError(*database, m_folder / "none" / "x.dxf"), "none/x.dxf: No such file or directory");
+  EXPECT_EQ(writeError(*database, m_folder / "folder"), "folder: Is a directory");
+  EXPECT_EQ(writeError(*database, "/dev/null"), "/dev/null: not a regular file");
+  EXPECT_EQ(writeError(*database, m_folder / "loop"), "loop: Too many levels of symbolic links");
+
+  rlimit old{};
+  getrlimit(RLIMIT_FSIZE, &old);
+  const auto oldHandler = std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit small{1000, old.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &small);
+  const std::string error = writeError(*database, path);
+  setrlimit(RLIMIT_FSIZE, &old);
+  std::signal(SIGXFSZ, oldHandler);
+  EXPECT_EQ(error, "drawing.dxf: File too large");
+  EXPECT_EQ(textOf(path), "old");
+  EXPECT_THAT(names(), testing::UnorderedElementsAre("drawing.dxf", "folder", "loop"));
+}
+
+TEST_F(FileTest, DrawingThatIsOpenDoesNotFeelChangesOfItsFile) {
+  const std::string text = smallDrawing();
+  const fs::path path = put("drawing.dxf", text);
+  const OdDbDatabasePtr database = OdDbDatabase::createObject();
+  database->readFile(wide(path));
+  put("drawing.dxf", "short");
+  EXPECT_EQ(test::savedBytes(*database), text);
+}
+
+TEST(VerifierTest, EveryDifferenceIsFound) {
+  const OdDbDatabasePtr database = drawingFromText(smallDrawing());
+  for (const OdUInt64 touched : {0x45u, 0x46u})
+    OdDbObjectId(database->store().find(touched)).safeOpenObject(OdDb::kForWrite)->mutableGroups();
+  std::string bytes;
+  const std::unique_ptr<DxfOutput> output = DxfOutput::create(
+      [&bytes](std::string_view piece) { bytes += piece; }, DxfStoreWriter::styleOf(database->store()));
+  DxfStoreWriter writer(database->store(), *output);
+  writer.write();
+  const auto verify = [&](const std::string& read) -> std::string {
+    try {
+      dxfVerify(database->store(), writer, std::make_shared<DxfText>(DxfText{read, L"new.dxf"}),
+                [](const char*) {});
+    } catch (const OdError_FileException& error) {
+      return error.what();
+    }
+    return "(none)";
+  };
+  ASSERT_EQ(verify(bytes), "(none)");
+
+  struct Case {
+    std::string from;
+    std::string to;
+    const char* error;
+  };
+  const Case cases[] = {
+      {dxf("10 128.5"), dxf("10 128.6"), "VIEWPORT 40 does not hold what it should"},
+      {"%%c", "%%d", "TEXT 45 does not hold what it should"},
+      {dxf("5 46"), dxf("5 4F"), "POLYLINE 46 does not hold what it should"},
+      {dxf("0 VERTEX"), dxf("0 VERTIX"), "expected VERTEX 47, met VERTIX"},
+      {dxf("0 SEQEND|5 44|330 42|100 AcDbEntity|8 0"), "", "expected SEQEND 44, met POLYLINE"},
+      {dxf("5 D9B071D01A0CB700"), dxf("5 D9B071D01A0CB701"), "the variables of the header differ"},
+      {dxf("1 kept"), dxf("1 lost"), "section NOVEL differs from what was read"},
+      {dxf("0 NOVELOBJECT|5 51|330 50|100 AcDbNovel|1"), "", "expected NOVELOBJECT 51, met EOF"},
+      {dxf("0 ENDSEC|0 EOF"), "cut", "section NOVEL differs from what was read"},
+      {dxf("0 EOF"), "cut", "expected EOF, met the end of the file"},
+  };
+  for (const Case& c : cases) {
+    std::string damaged = bytes;
+    const std::size_t at = damaged.rfind(c.from);
+    ASSERT_NE(at, std::string::npos) << c.from;
+    if (c.to == "cut")
+      damaged.resize(at);
+    else
+      damaged.replace(at, c.from.size(), c.to);
+    EXPECT_THAT(verify(damaged), HasSubstr(c.error)) << c.from;
+  }
+}
+
+} // namespace
