@@ -61,6 +61,8 @@ public:
 
   /// Writes the object's groups: the record name, handle, owner, then every section in order.
   virtual void dxfOut(OdDbDxfFiler* filer) const;
+  /// The same without the record name.
+  void dxfOutGroups(OdDbDxfFiler* filer) const;
 
   /// A copy that belongs to no database. References to other objects stay as they are.
   OdDbObjectPtr clone() const;

@@ -75,6 +75,10 @@ void writeGroup(OdDbDxfFiler* filer, const OdDbGroupList& groups, const OdDbGrou
 
 void OdDbObject::dxfOut(OdDbDxfFiler* filer) const {
   filer->wrName(0, OdString::fromUtf8(dxfName()));
+  dxfOutGroups(filer);
+}
+
+void OdDbObject::dxfOutGroups(OdDbDxfFiler* filer) const {
   if (filer->includesDefaultValues())
     writeCanonical(filer);
   else

@@ -78,7 +78,7 @@ void DxfBuilder::reportProgress() {
 // --- sections ---
 
 void DxfBuilder::readSection() {
-  if (!m_record.behindTitle) fail("a section has no name (group 2)");
+  if (m_record.title.empty()) fail("a section has no name (group 2)");
   const std::string name(m_record.title);
   const char* begin = m_record.behindTitle;
   const std::string_view head(m_record.place, static_cast<std::size_t>(begin - m_record.place));
@@ -124,7 +124,15 @@ bool DxfBuilder::nextIn(const char* section) {
   if (m_record.name == "SECTION" || m_record.name == "EOF")
     fail(std::string("section ") + section + " is not closed: expected ENDSEC, met " +
          std::string(m_record.name));
+  if (m_record.name.empty()) fail(std::string("a record of section ") + section + " has no name");
   return m_record.name != "ENDSEC";
+}
+
+/// What begins or ends something is no object.
+void DxfBuilder::failOutOfPlace() const {
+  constexpr std::string_view kMarks[] = {"TABLE", "ENDTAB", "BLOCK", "ENDBLK"};
+  if (std::find(std::begin(kMarks), std::end(kMarks), m_record.name) != std::end(kMarks))
+    fail(std::string(m_record.name) + " has no place here");
 }
 
 void DxfBuilder::skipSection() {
@@ -232,7 +240,7 @@ void DxfBuilder::readTables() {
 }
 
 void DxfBuilder::readTable() {
-  if (!m_record.behindTitle) fail("a table has no name (group 2)");
+  if (m_record.title.empty()) fail("a table has no name (group 2)");
   const std::string name(m_record.title);
   if (!m_tableNames.insert(name).second) fail("a second table " + name);
   OdDbStub* table = makeStub(checked(m_store.tableTypeIndex(name)), nullptr);
@@ -247,6 +255,7 @@ void DxfBuilder::readTable() {
       return;
     }
     if (m_record.name == "TABLE") fail("table " + name + " is not closed: expected ENDTAB, met TABLE");
+    failOutOfPlace();
     records->link(makeStub(type(false), table), records->last);
   }
 }
@@ -269,6 +278,7 @@ void DxfBuilder::readBlock() {
     if (!nextIn("BLOCKS")) fail("block " + name + " is not closed: expected ENDBLK, met ENDSEC");
     if (m_record.name == "BLOCK") fail("block " + name + " is not closed: expected ENDBLK, met BLOCK");
     if (m_record.name == "ENDBLK") break;
+    failOutOfPlace();
     checkOwner(block);
     readEntity(block);
   }
@@ -279,13 +289,17 @@ void DxfBuilder::readBlock() {
 // --- entities and objects ---
 
 void DxfBuilder::readEntities() {
-  while (nextIn("ENTITIES")) readEntity(entityBlock());
+  while (nextIn("ENTITIES")) {
+    failOutOfPlace();
+    readEntity(entityBlock());
+  }
   closeSequence();
 }
 
 void DxfBuilder::readObjects() {
   OdDbStubList& objects = m_store.objects;
   while (nextIn("OBJECTS")) {
+    failOutOfPlace();
     OdDbStub* stub = makeStub(type(false), nullptr);
     stub->flags |= OdDbStub::kInObjects;
     objects.link(stub, objects.last);

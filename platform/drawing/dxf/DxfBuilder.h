@@ -38,6 +38,7 @@ private:
   void readBlocks();
   void readBlock();
   void readEntities();
+  void failOutOfPlace() const;
   void readObjects();
   void resolveOwners();
   void noteForm();

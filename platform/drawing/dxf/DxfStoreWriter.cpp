@@ -263,7 +263,7 @@ void DxfStoreWriter::writeRecord(OdDbStub* stub) {
   if (OdDbGroupListPtr form = dxfReleaseForm(*stub, replacement(stub)))
     m_replacements[stub] = std::move(form);
   if (const OdDbGroupList* groups = replacement(stub)) {
-    m_filer.wrName(0, OdString::fromUtf8(stub->dxfName()));
+    m_output.text(0, stub->dxfName());
     for (const OdDbGroup& group : groups->items) {
       if (group.flags & OdDbGroup::kOwnHandle)
         m_filer.wrHandle(group.code, OdDbHandle(stub->handle));
@@ -277,6 +277,7 @@ void DxfStoreWriter::writeRecord(OdDbStub* stub) {
     m_output.slice({begin, static_cast<std::size_t>(stub->raw + stub->rawSize - begin)});
   } else {
     const OdDbObjectPtr object = OdDbObjectId(stub).openObject(OdDb::kForRead, true);
-    object->dxfOut(&m_filer);
+    m_output.text(0, stub->dxfName()); // the bytes as read, whatever they mean
+    object->dxfOutGroups(&m_filer);
   }
 }
