@@ -51,14 +51,29 @@ if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
+# What test programs need of one system only stands in a folder of its name.
+if(WIN32)
+  set(test_system windows)
+else()
+  set(test_system posix)
+endif()
+
 # hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder. Sources are found by
 # the build itself, so that a test file cannot be left out.
 function(hb_test name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp ${test_system}/*.cpp)
   add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock_main)
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <string> <vector>)
-  # The leaks of others are listed there.
-  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
-    ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0")
+  if(WIN32)
+    # A process costs most of a second under Wine, so each program is one test.
+    hb_utf8_program(${name})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  else()
+    # The leaks of others are listed there.
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+      ENVIRONMENT "LSAN_OPTIONS=suppressions=${CMAKE_SOURCE_DIR}/tests/leaks.supp:print_suppressions=0")
+  endif()
 endfunction()
