@@ -51,6 +51,14 @@ if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
+# hb_exports(PROGRAM): a program that exports its functions, for modules that ask it for them.
+function(hb_exports program)
+  set_target_properties(${program} PROPERTIES ENABLE_EXPORTS ON)
+  if(WIN32)
+    target_link_options(${program} PRIVATE -Wl,--export-all-symbols)
+  endif()
+endfunction()
+
 # What test programs need of one system only stands in a folder of its name.
 if(WIN32)
   set(test_system windows)

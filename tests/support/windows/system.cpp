@@ -41,6 +41,6 @@ test::Holdings test::holdings() {
 std::size_t test::peakMemory(const std::function<void()>& call) {
   const PROCESS_MEMORY_COUNTERS_EX before = memoryCounters();
   call();
-  const std::size_t height = memoryCounters().PeakPagefileUsage;
-  return height > before.PeakPagefileUsage ? height - before.PrivateUsage : 0;
+  const std::size_t height = memoryCounters().PeakWorkingSetSize;
+  return height > before.PeakWorkingSetSize ? height - before.WorkingSetSize : 0;
 }
