@@ -78,7 +78,7 @@ function(hb_test name)
     # A process costs most of a second under Wine, so each program is one test.
     hb_utf8_program(${name})
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT GTEST_BRIEF=1)
   else()
     # The leaks of others are listed there.
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300

@@ -85,6 +85,8 @@ fs::path toPath(std::wstring_view text) {
   return bytes;
 }
 
+fs::path pathNamed(std::string_view text) { return text; }
+
 std::string shownPath(const fs::path& path) { return path.native(); }
 
 std::wstring fromPath(const fs::path& path) {

@@ -1,4 +1,5 @@
 #include "sys/files.h"
+#include "sys/codepage.h"
 #include "sys/replacing.h"
 #include "sys/windows/system.h"
 #include <algorithm>
@@ -92,6 +93,12 @@ FileBytes readStream(const InputFile& file, const fs::path& path) {
 fs::path toPath(std::wstring_view text) { return text; }
 
 std::wstring fromPath(const fs::path& path) { return path.native(); }
+
+fs::path pathNamed(std::string_view text) {
+  std::wstring wide;
+  decodeUtf8(text, wide);
+  return wide;
+}
 
 std::string shownPath(const fs::path& path) { return utf8(path.native()); }
 

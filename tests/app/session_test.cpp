@@ -173,7 +173,7 @@ TEST(Extract, FolderTakesOneFileForEachDrawing) {
 TEST(Extract, PathsMayHoldAnything) {
   const Workplace workplace;
   workplace.write("a = 'b' .tpl", kColumns);
-  const std::string output = " ;ö = x '{}.txt";
+  const std::string output = " ;ö = \U0001F600 '{}.txt";
   EXPECT_EQ(workplace.hbhost({"extract", "examples/office.dxf", "-t", "a = 'b' .tpl", "-o", output}).err, "");
   EXPECT_TRUE(workplace.has(output));
 }
