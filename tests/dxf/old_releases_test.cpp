@@ -197,6 +197,37 @@ TEST(OldReleaseTest, WhatChangedIsWrittenInTheReleasesForm) {
   }
 }
 
+TEST(OldReleaseTest, ChangedRecordsHaveHandlesWhereTheFileHasThem) {
+  // Old programs write handles of entities only, newer ones those of table records as well.
+  const struct {
+    std::string text;
+    bool hasEntityHandles;
+    bool hasTableHandles;
+  } cases[] = {
+      {std::regex_replace(std::regex_replace(oldDrawing(), std::regex("LAYER\r\n  2\r\nWALLS"),
+                                             "LAYER\r\n  5\r\n12\r\n  2\r\nWALLS"),
+                          std::regex("DIMSTYLE\r\n  2\r\nSTAND"), "DIMSTYLE\r\n105\r\n13\r\n  2\r\nSTAND"),
+       true, true},
+      {oldDrawing(), true, false},
+      {oldDrawing("AC1009", false), false, false},
+  };
+  for (const auto& c : cases) {
+    const OdDbDatabasePtr database = drawingFromText(c.text);
+    odDbVisitAll(database->store(), [](OdDbStub* stub) {
+      if (stub->raw) OdDbObjectId(stub).safeOpenObject(OdDb::kForWrite)->mutableGroups();
+    });
+    const std::string saved = savedBytes(*database);
+    EXPECT_EQ(describe(*drawingFromText(saved)), describe(*drawingFromText(c.text)));
+    EXPECT_EQ(saved.find(dxf("5 47")) != std::string::npos, c.hasEntityHandles);
+    const OdDbLayerTablePtr layers = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
+    const OdDbLayerTableRecordPtr added = OdDbLayerTableRecord::createObject();
+    added->setName(L"NEW");
+    layers->add(added);
+    EXPECT_EQ(std::regex_search(savedBytes(*database), std::regex("LAYER\r\n  5\r\n\\w+\r\n  2\r\nNEW")),
+              c.hasTableHandles);
+  }
+}
+
 TEST(OldReleaseTest, WhatAReleaseCannotStoreIsRefusedByName) {
   struct Case {
     std::string text;

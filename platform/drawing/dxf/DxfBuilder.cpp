@@ -214,6 +214,7 @@ void DxfBuilder::noteForm() {
   m_store.hasBlockRecords = storesBlockRecords();
   if (dxfStoresBlockRecords(m_store.version)) return;
   m_store.hasHandles = m_hasHandles || integerVariable("$HANDLING") != 0;
+  m_store.tableRecordsHaveHandles = m_tableRecordsHaveHandles;
   const OdDbStub* sample = nullptr;
   if (m_store.version == OdDb::vUnknown)
     odDbVisitAll(m_store, [&sample](const OdDbStub* stub) {
@@ -256,6 +257,7 @@ void DxfBuilder::readTable() {
     }
     if (m_record.name == "TABLE") fail("table " + name + " is not closed: expected ENDTAB, met TABLE");
     failOutOfPlace();
+    m_tableRecordsHaveHandles |= m_record.handle != 0;
     records->link(makeStub(type(false), table), records->last);
   }
 }

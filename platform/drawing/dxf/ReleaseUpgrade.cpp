@@ -382,7 +382,7 @@ void odDbUpgradeTo2000(OdDbDatabase& database) {
   store.undo.setRecording(false);
   Upgrade(database).run();
   store.version = OdDb::vAC15;
-  store.hasHandles = store.hasMarkers = store.hasBlockRecords = true;
+  store.hasHandles = store.tableRecordsHaveHandles = store.hasMarkers = store.hasBlockRecords = true;
   store.undo.setRecording(wasRecording);
   // Saying so with a record: the drawing is not the one that was last saved.
   OdDbGroupListPtr seed(new OdDbGroupList);
