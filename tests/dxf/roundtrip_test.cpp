@@ -1,6 +1,8 @@
 // What was read comes out again: byte for byte when nobody touched it, group for group when somebody did.
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
+#include "DbBlockTableRecord.h"
+#include "DbLine.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include "dxf_text.h"
@@ -173,6 +175,36 @@ TEST(RoundTripTest, EntityOrderOfMixedSpacesSurvivesChanges) {
   for (const char* handle : {"40", "41", "42", "45", "46", "49"})
     places.push_back(saved.find(dxf(std::string("5 ") + handle + "|")));
   EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
+}
+
+TEST(RoundTripTest, NewSectionsStandBehindThoseThatComeBefore) {
+  const std::string header = dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1032|0 ENDSEC");
+  const std::string novel = dxf("0 SECTION|2 NOVEL|0 THING|1 kept|0 ENDSEC");
+  const std::string tables =
+      dxf("0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|5 1|70 1|0 BLOCK_RECORD|5 1F|2 *Model_Space|0 ENDTAB|0 "
+          "ENDSEC");
+  const std::string objects = dxf("0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|100 AcDbDictionary|0 ENDSEC");
+  const std::string classes = dxf("0 SECTION|2 CLASSES|0 ENDSEC");
+  const std::string comment = dxf("999 a remark");
+  const struct {
+    std::string sections;
+    std::vector<std::string> after;
+  } cases[] = {
+      {header + novel + tables + objects, {"HEADER", "NOVEL", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"}},
+      {header + tables + novel + objects, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "NOVEL", "OBJECTS"}},
+      {header + novel + objects, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "NOVEL", "OBJECTS"}},
+      {comment + novel + tables, {"", "HEADER", "NOVEL", "TABLES", "BLOCKS", "ENTITIES"}},
+      {header + tables + objects + classes, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS", "CLASSES"}},
+  };
+  for (const auto& c : cases) {
+    const OdDbDatabasePtr database = drawingFromText(c.sections + dxf("0 EOF"));
+    const OdDbBlockTableRecordPtr space = database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+    space->appendOdDbEntity(OdDbLine::createObject());
+    const OdDbDatabasePtr after = drawingFromText(savedBytes(*database));
+    std::vector<std::string> names;
+    for (const OdDbSection& section : after->store().sections) names.push_back(section.name);
+    EXPECT_EQ(names, c.after);
+  }
 }
 
 TEST(BlankDrawingTest, HasTheStandardRecordsAndStaysAsItIs) {

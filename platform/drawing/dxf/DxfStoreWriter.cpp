@@ -12,9 +12,10 @@ constexpr int kFollowsCode = 66;
 
 constexpr std::string_view kSectionOrder[] = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
 
-std::size_t rankOf(std::string_view section) {
-  return static_cast<std::size_t>(std::find(std::begin(kSectionOrder), std::end(kSectionOrder), section) -
-                                  std::begin(kSectionOrder));
+/// The place of a section in the canonical order; kUnranked for those that the format does not define.
+constexpr std::ptrdiff_t kUnranked = std::size(kSectionOrder);
+std::ptrdiff_t rankOf(std::string_view section) {
+  return std::find(std::begin(kSectionOrder), std::end(kSectionOrder), section) - std::begin(kSectionOrder);
 }
 
 bool isLive(const OdDbStub* stub) { return (stub->flags & (OdDbStub::kErased | OdDbStub::kDetached)) == 0; }
@@ -112,16 +113,25 @@ bool DxfStoreWriter::hasContents(std::string_view section) const {
   return section == "OBJECTS" && m_store.hasBlockRecords && anyLive(&m_store.objects);
 }
 
+/// Where a section of that rank belongs: behind the last one that ranks before it. Sections that the format
+/// does not define may stand anywhere and say nothing about the place.
+static std::vector<OdDbSection>::iterator placeFor(std::ptrdiff_t rank, std::vector<OdDbSection>& planned) {
+  const auto next = std::find_if(planned.begin(), planned.end(), [rank](const OdDbSection& section) {
+    return rankOf(section.name) > rank && rankOf(section.name) < kUnranked;
+  });
+  for (auto behind = next; behind != planned.begin(); --behind)
+    if (rankOf(std::prev(behind)->name) < rank) return behind;
+  return std::find_if(planned.begin(), planned.end(),
+                      [](const OdDbSection& section) { return !section.name.empty(); });
+}
+
 /// The sections of the file, and those that have become necessary, in their canonical places.
 std::vector<OdDbSection> DxfStoreWriter::plannedSections() const {
   std::vector<OdDbSection> planned = m_store.sections;
   for (const std::string_view name : kSectionOrder) {
     const auto isNamed = [name](const OdDbSection& section) { return section.name == name; };
     if (std::any_of(planned.begin(), planned.end(), isNamed) || !hasContents(name)) continue;
-    const auto behind = std::find_if(planned.begin(), planned.end(), [name](const OdDbSection& section) {
-      return !section.name.empty() && rankOf(section.name) > rankOf(name);
-    });
-    planned.insert(behind, {std::string(name), {}});
+    planned.insert(placeFor(rankOf(name), planned), {std::string(name), {}});
   }
   return planned;
 }
