@@ -10,6 +10,7 @@
 #include "DbMText.h"
 #include "DbPolyline.h"
 #include "DbRegAppTable.h"
+#include "DrawingAudit.h"
 #include "DxfWriter.h"
 #include "ReleaseUpgrade.h"
 #include "dxf_text.h"
@@ -375,6 +376,21 @@ TEST(ReleaseUpgradeTest, DrawingsGetWhatRelease2000Expects) {
     EXPECT_EQ(database->getSysVar(L"$HANDLING"), nullptr);
     EXPECT_LT(saved.find("$ACADVER"), 40u);
   }
+}
+
+TEST(ReleaseUpgradeTest, WhatIsNamedGetsItsRecord) {
+  std::string text = oldDrawing("AC1009", false);
+  text.insert(text.rfind(dxf("0 ENDSEC")), dxf("0 TEXT|8 Nowhere|6 Dots|10 0.0|20 0.0|40 1.0|1 x|7 ROMANS\n"
+                                               "0 LINE|8 A<B|10 0.0|20 0.0|11 1.0|21 0.0"));
+  const OdDbDatabasePtr old = drawingFromText(text);
+  odDbUpgradeTo2000(*old);
+  const OdDbDatabasePtr database = drawingFromText(savedBytes(*old));
+  OdDbDxfFindings findings;
+  odDbAudit(*database, OdDbAuditMode::readOnly, findings);
+  for (const OdDbDxfFinding& finding : findings.take()) ADD_FAILURE() << finding.sentence;
+  const OdDbSymbolTablePtr layers = database->getLayerTableId().safeOpenObject();
+  EXPECT_TRUE(layers->has(L"nowhere"));
+  EXPECT_TRUE(layers->has(L"A_B")) << "the other name is none that release 2000 allows";
 }
 
 TEST(ReleaseUpgradeTest, ViewsLeaveTheExtendedData) {
