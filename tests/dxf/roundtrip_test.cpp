@@ -47,6 +47,27 @@ TEST_P(RoundTrip, TouchedObjectsKeepEveryGroup) {
   EXPECT_EQ(savedBytes(*after), saved);
 }
 
+TEST(RoundTripTest, RecordNamesKeepTheirBytesWhateverTheyMean) {
+  for (const std::string name : {"BL\xC4\xFFOCK", "A^B", "A\\U+0041", "9Z"}) {
+    const std::string text = entities("0 " + name + "|5 2A|330 1F|8 0");
+    const OdDbDatabasePtr database = drawingFromText(text);
+    OdDbObjectId(database->store().find(0x2A)).openObject(OdDb::kForWrite)->mutableGroups();
+    EXPECT_EQ(savedBytes(*database), text);
+  }
+}
+
+/// Minimal programs tell no release, and not each of their records has a marker.
+TEST(RoundTripTest, BlockRecordsOfAFileWithoutReleaseStayTheOwners) {
+  const std::string text = dxf(
+      "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 2|0 LAYER|5 10|2 0|0 ENDTAB|0 TABLE|2 BLOCK_RECORD|5 1|"
+      "0 BLOCK_RECORD|5 30|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 A|0 ENDTAB|0 ENDSEC|"
+      "0 SECTION|2 BLOCKS|0 BLOCK|5 31|330 30|8 0|0 ENDBLK|5 32|330 30|8 0|0 ENDSEC|0 EOF");
+  const OdDbDatabasePtr database = drawingFromText(text);
+  OdDbObjectId(database->store().find(0x31)).openObject(OdDb::kForWrite)->mutableGroups();
+  const std::vector<std::string> again = describe(*drawingFromText(savedBytes(*database)));
+  EXPECT_THAT(again, testing::Contains("BLOCK: 5=31 330=30 8='0'"));
+}
+
 TEST(RoundTripTest, LinesBetweenObjectsKeepTheirLook) {
   std::string text = smallDrawing();
   const auto replace = [&text](const std::string& from, const std::string& to) {
@@ -127,6 +148,15 @@ TEST(RoundTripTest, OnlyChangedHeaderVariablesAreWrittenAnew) {
   const std::string old = dxf("10 0.500|20 -0|30 1E-5");
   expected.replace(expected.find(old), old.size(), dxf("10 1.0|20 2.0|30 3.0"));
   EXPECT_EQ(savedBytes(*database), expected);
+}
+
+TEST(RoundTripTest, EntitiesOfABlockWithoutDefinitionStayWhereTheyStood) {
+  std::string text = entities("0 LINE|5 2A|330 30|8 0|0 LINE|5 2B|330 1F|8 0|0 LINE|5 2C|330 30|8 0");
+  const std::size_t at = text.find("ENDTAB", text.find("*Paper_Space"));
+  ASSERT_NE(at, std::string::npos);
+  text.insert(at - 5,
+              dxf("0 BLOCK_RECORD|5 30|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 A"));
+  EXPECT_EQ(savedBytes(*drawingFromText(text)), text);
 }
 
 TEST(RoundTripTest, ErasedObjectsAreLeftOut) {

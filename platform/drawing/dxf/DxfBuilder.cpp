@@ -220,7 +220,7 @@ void DxfBuilder::noteForm() {
     odDbVisitAll(m_store, [&sample](const OdDbStub* stub) {
       if (!sample && stub->raw && stub->dxfName() != "TABLE") sample = stub;
     });
-  m_store.hasMarkers = sample && hasMarker(sample);
+  m_store.hasMarkers = m_store.hasBlockRecords || (sample && hasMarker(sample));
 }
 
 void DxfBuilder::finishSeed() {
