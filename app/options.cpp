@@ -27,7 +27,8 @@ void addPicture(CLI::App& program, picture::Request& request) {
   auto* file =
       program.add_option("--picture", request.file, "Draw the drawing at the end: .svg, .png or .pdf");
   const auto isFormat = [](const std::string& name) {
-    return picture::hasKnownFormat(name) ? std::string() : name + ": pictures are .svg, .png or .pdf files";
+    const bool isKnown = picture::formatOf(name) != picture::Format::unknown;
+    return isKnown ? std::string() : name + ": pictures are .svg, .png or .pdf files";
   };
   const auto readSize = [&request](const std::string& size) {
     if (!picture::parseSize(size, request.width, request.height))

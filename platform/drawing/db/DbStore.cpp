@@ -1,15 +1,19 @@
 #include "DbStore.h"
 #include "DbDatabase.h"
 #include "DbObject.h"
+#include "sys/pages.h"
 #include <algorithm>
 #include <bit>
 
 namespace {
 constexpr std::size_t kStubsPerChunk = 4096;
+constexpr std::size_t kFirstArena = std::size_t{2} << 20; // a huge page
 constexpr std::string_view kSeedVariable = "$HANDSEED";
 } // namespace
 
 // --- OdDbHandleIndex ---
+
+OdDbHandleIndex::OdDbHandleIndex() : m_slots(&sys::pages()) {}
 
 std::size_t OdDbHandleIndex::slot(OdUInt64 handle) const {
   // Handles are mostly given out one after another. Eight neighbours share a line of the processor's cache,
@@ -30,7 +34,7 @@ void OdDbHandleIndex::reserve(std::size_t count) {
   while (wanted < count * 2) wanted *= 2;
   if (wanted <= m_slots.size()) return;
   m_shift = 64 - std::countr_zero(wanted / kLine);
-  std::vector<OdDbStub*> old(wanted, nullptr);
+  std::pmr::vector<OdDbStub*> old(wanted, nullptr, m_slots.get_allocator());
   old.swap(m_slots);
   for (OdDbStub* stub : old)
     if (stub) m_slots[slot(stub->handle)] = stub;
@@ -47,18 +51,21 @@ bool OdDbHandleIndex::insert(OdDbStub* stub) {
 
 // --- OdDbStore: life ---
 
-OdDbStore::OdDbStore(OdDbDatabase* owner) : database(owner), undo(*this) {}
+OdDbStore::OdDbStore(OdDbDatabase* owner)
+    : database(owner), undo(*this), m_arena(kFirstArena, &sys::pages()) {}
 
 OdDbStore::~OdDbStore() {
   undo.clear();
   // Instances that outlive the drawing keep their groups, but belong to no database any more.
-  for (std::size_t chunk = 0; chunk < m_stubs.size() && m_liveCount > 0; ++chunk)
-    for (std::size_t i = 0; i < kStubsPerChunk; ++i)
+  for (std::size_t chunk = 0; chunk < m_stubs.size() && m_liveCount > 0; ++chunk) {
+    const std::size_t used = chunk + 1 == m_stubs.size() ? m_stubsUsed : kStubsPerChunk;
+    for (std::size_t i = 0; i < used; ++i)
       if (OdDbObject* live = m_stubs[chunk][i].live) {
         live->groups();
         live->mutableGroupsUnrecorded().own();
         live->detachFromStub();
       }
+  }
   for (OdDbStub* stub : m_changed)
     if (stub->groups) stub->setGroups({});
 }
@@ -116,10 +123,10 @@ OdUInt16 OdDbStore::tableTypeIndex(std::string_view tableName) {
 OdDbStub* OdDbStore::makeStub(OdUInt16 type, OdUInt64 handle, OdDbStub* owner) {
   if (handle == 0) handle = nextHandle;
   if (m_stubs.empty() || m_stubsUsed == kStubsPerChunk) {
-    m_stubs.push_back(std::make_unique<OdDbStub[]>(kStubsPerChunk));
+    m_stubs.push_back(std::pmr::polymorphic_allocator<OdDbStub>(&m_arena).allocate(kStubsPerChunk));
     m_stubsUsed = 0;
   }
-  OdDbStub* stub = &m_stubs.back()[m_stubsUsed];
+  OdDbStub* stub = new (m_stubs.back() + m_stubsUsed) OdDbStub;
   stub->handle = handle;
   if (!m_index.insert(stub)) {
     stub->handle = 0;

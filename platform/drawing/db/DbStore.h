@@ -45,6 +45,7 @@ struct OdDbHeaderVariable {
 /// Hash index from handles to stubs: open addressing, 8 bytes an entry.
 class OdDbHandleIndex {
 public:
+  OdDbHandleIndex();
   OdDbStub* find(OdUInt64 handle) const;
   /// False when the handle is taken.
   bool insert(OdDbStub* stub);
@@ -54,8 +55,8 @@ public:
 private:
   static constexpr std::size_t kLine = 8; ///< slots in a line of the processor's cache
   std::size_t slot(OdUInt64 handle) const;
-  std::vector<OdDbStub*> m_slots; ///< a power of two
-  int m_shift = 0;                ///< leaves as many bits of a hash as there are lines
+  std::pmr::vector<OdDbStub*> m_slots; ///< a power of two
+  int m_shift = 0;                     ///< leaves as many bits of a hash as there are lines
   std::size_t m_count = 0;
 };
 
@@ -164,7 +165,7 @@ private:
   std::unordered_map<OdDbStub*, NameIndex> m_names;
   std::map<std::pair<std::string, bool>, OdUInt16, std::less<>> m_typeByName;
   std::vector<OdDbStub*> m_changed; ///< stubs that own groups, for the destructor
-  std::vector<std::unique_ptr<OdDbStub[]>> m_stubs;
+  std::vector<OdDbStub*> m_stubs;   ///< chunks, in the arena
   std::size_t m_stubsUsed = 0;
   int m_liveCount = 0;
   OdUInt32 m_seedEpoch = 0;

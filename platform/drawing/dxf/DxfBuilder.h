@@ -24,6 +24,8 @@ private:
   // --- sections ---
   void readSection();
   void noteOrder(std::string_view name);
+  /// Gives texts an encoding where no header has told it.
+  void assumeCodec();
   void keepComments(std::string_view raw);
   /// The next record of the section; false at its end. Where the file or another section begins instead,
   /// fails.
