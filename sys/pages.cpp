@@ -9,6 +9,7 @@ namespace sys {
 namespace {
 
 constexpr std::size_t kHugePage = std::size_t{2} << 20;
+constexpr std::size_t kSmallest = std::size_t{1} << 18; // below, the heap is faster
 
 std::size_t wholePages(std::size_t bytes) {
   static const auto page = static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
@@ -28,7 +29,8 @@ char* mapAligned(std::size_t size) {
 }
 
 class Pages : public std::pmr::memory_resource {
-  void* do_allocate(std::size_t bytes, std::size_t /*alignment*/) override {
+  void* do_allocate(std::size_t bytes, std::size_t alignment) override {
+    if (bytes < kSmallest) return std::pmr::new_delete_resource()->allocate(bytes, alignment);
     const std::size_t size = wholePages(bytes);
     char* const memory = mapAligned(size);
     const std::size_t huge = size / kHugePage * kHugePage;
@@ -37,7 +39,8 @@ class Pages : public std::pmr::memory_resource {
     if (huge != size) ::madvise(memory + huge, size - huge, MADV_POPULATE_WRITE);
     return memory;
   }
-  void do_deallocate(void* memory, std::size_t bytes, std::size_t /*alignment*/) override {
+  void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override {
+    if (bytes < kSmallest) return std::pmr::new_delete_resource()->deallocate(memory, bytes, alignment);
     ::munmap(memory, wholePages(bytes));
   }
   bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override { return this == &other; }

@@ -4,8 +4,8 @@
 
 namespace sys {
 
-/// Whole pages straight from the system, zeroed, in huge ones as far as they fit: most of the cost of memory
-/// is in the first touch of each page. For few, large pieces. Throws std::bad_alloc.
+/// Large pieces come straight from the system, in huge pages as far as they fit: most of the cost of memory
+/// is in the first touch of each page. Small ones come from the heap. Throws std::bad_alloc.
 std::pmr::memory_resource& pages();
 
 } // namespace sys

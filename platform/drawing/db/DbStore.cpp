@@ -6,8 +6,7 @@
 #include <bit>
 
 namespace {
-constexpr std::size_t kStubsPerChunk = 4096;
-constexpr std::size_t kFirstArena = std::size_t{2} << 20; // a huge page
+constexpr std::size_t kStubsPerChunk = 2048;
 constexpr std::string_view kSeedVariable = "$HANDSEED";
 } // namespace
 
@@ -51,21 +50,18 @@ bool OdDbHandleIndex::insert(OdDbStub* stub) {
 
 // --- OdDbStore: life ---
 
-OdDbStore::OdDbStore(OdDbDatabase* owner)
-    : database(owner), undo(*this), m_arena(kFirstArena, &sys::pages()) {}
+OdDbStore::OdDbStore(OdDbDatabase* owner) : database(owner), undo(*this) {}
 
 OdDbStore::~OdDbStore() {
   undo.clear();
   // Instances that outlive the drawing keep their groups, but belong to no database any more.
-  for (std::size_t chunk = 0; chunk < m_stubs.size() && m_liveCount > 0; ++chunk) {
-    const std::size_t used = chunk + 1 == m_stubs.size() ? m_stubsUsed : kStubsPerChunk;
-    for (std::size_t i = 0; i < used; ++i)
-      if (OdDbObject* live = m_stubs[chunk][i].live) {
+  for (auto chunk = m_stubs.begin(); chunk != m_stubs.end() && m_liveCount > 0; ++chunk)
+    for (const OdDbStub& stub : *chunk)
+      if (OdDbObject* live = stub.live) {
         live->groups();
         live->mutableGroupsUnrecorded().own();
         live->detachFromStub();
       }
-  }
   for (OdDbStub* stub : m_changed)
     if (stub->groups) stub->setGroups({});
 }
@@ -120,19 +116,22 @@ OdUInt16 OdDbStore::tableTypeIndex(std::string_view tableName) {
   return index;
 }
 
+void OdDbStore::reserve(std::size_t objectCount) {
+  m_index.reserve(objectCount);
+  if (m_stubs.empty() && objectCount > 0) addChunk(objectCount);
+}
+
+void OdDbStore::addChunk(std::size_t capacity) { m_stubs.emplace_back(&sys::pages()).reserve(capacity); }
+
 OdDbStub* OdDbStore::makeStub(OdUInt16 type, OdUInt64 handle, OdDbStub* owner) {
   if (handle == 0) handle = nextHandle;
-  if (m_stubs.empty() || m_stubsUsed == kStubsPerChunk) {
-    m_stubs.push_back(std::pmr::polymorphic_allocator<OdDbStub>(&m_arena).allocate(kStubsPerChunk));
-    m_stubsUsed = 0;
-  }
-  OdDbStub* stub = new (m_stubs.back() + m_stubsUsed) OdDbStub;
+  if (m_stubs.empty() || m_stubs.back().size() == m_stubs.back().capacity()) addChunk(kStubsPerChunk);
+  OdDbStub* stub = &m_stubs.back().emplace_back();
   stub->handle = handle;
   if (!m_index.insert(stub)) {
-    stub->handle = 0;
+    m_stubs.back().pop_back();
     return nullptr;
   }
-  ++m_stubsUsed;
   stub->store = this;
   stub->type = type;
   stub->owner = owner;

@@ -136,7 +136,8 @@ public:
   void attach(OdDbStub* stub, OdDbObject* object);
   /// The open instance of the stub, made when there is none. The caller owns one reference.
   OdDbObject* open(OdDbStub* stub);
-  void reserve(std::size_t objectCount) { m_index.reserve(objectCount); }
+  /// Makes room for about as many objects.
+  void reserve(std::size_t objectCount);
   std::pmr::memory_resource& arena() { return m_arena; }
 
   // --- names of table records, without regard to case ---
@@ -159,14 +160,15 @@ private:
     void set(OdDbStub* record, std::wstring folded);
   };
   NameIndex& nameIndex(OdDbStub* table);
+  void addChunk(std::size_t capacity);
 
   std::pmr::monotonic_buffer_resource m_arena;
   OdDbHandleIndex m_index;
   std::unordered_map<OdDbStub*, NameIndex> m_names;
   std::map<std::pair<std::string, bool>, OdUInt16, std::less<>> m_typeByName;
   std::vector<OdDbStub*> m_changed; ///< stubs that own groups, for the destructor
-  std::vector<OdDbStub*> m_stubs;   ///< chunks, in the arena
-  std::size_t m_stubsUsed = 0;
+  /// None grows beyond its capacity, so that stubs stay where they are.
+  std::vector<std::pmr::vector<OdDbStub>> m_stubs;
   int m_liveCount = 0;
   OdUInt32 m_seedEpoch = 0;
   friend class OdDbStub;
