@@ -19,8 +19,8 @@ constexpr char kExtractNotes[] =
     "FOLDER/{name}.txt, or .dxx; - is the standard output. A drawing that fails does not stop the others.";
 
 constexpr char kCheckNotes[] =
-    "A drawing is sound; or \"repaired\", where everything that was found can be put right; or \"damaged\",\n"
-    "where something cannot be or was lost; or unreadable.\n"
+    "A drawing is sound; or \"repairable\", where everything that was found can be put right; or\n"
+    "\"damaged\", where something cannot be or is lost; or unreadable.\n"
     "Exit status: 0 all are sound; 1 something was found; 3 a drawing could not be read.";
 
 void addPicture(CLI::App& program, picture::Request& request) {

@@ -19,6 +19,9 @@ constexpr double kPixelsPerInch = 96;
 constexpr double kPointsPerInch = 72;
 constexpr double kInch = 25.4;
 
+/// What the sheet of drawings from before there were layouts is called.
+constexpr const wchar_t* kOldSheet = L"Layout1";
+
 /// A space to draw.
 struct Space {
   OdDbObjectId block;
@@ -54,9 +57,10 @@ Space findSpace(OdDbDatabase& database, const OdString& name) {
   for (const OdDbLayoutPtr& sheet : sheets)
     if (sheet->getLayoutName().iCompare(name) == 0) return {sheet->getBlockTableRecordId(), sheet, false};
   const OdDbObjectId paper = database.getPaperSpaceId();
-  if (sheets.empty() && !paper.isNull() && name.iCompare(L"Layout1") == 0) return {paper, {}, false};
-  throw OdError(eInvalidInput,
-                L"the drawing has no layout \"" + name + L"\"; it has Model" + namesOf(sheets) + L".");
+  const bool hasOldSheet = sheets.empty() && !paper.isNull();
+  if (hasOldSheet && name.iCompare(kOldSheet) == 0) return {paper, {}, false};
+  throw OdError(eInvalidInput, L"the drawing has no layout \"" + name + L"\"; it has Model" +
+                                   (hasOldSheet ? OdString(L", ") + kOldSheet : namesOf(sheets)) + L".");
 }
 
 /// Collects how far a picture reaches.

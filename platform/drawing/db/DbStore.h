@@ -82,6 +82,7 @@ public:
   /// oldest releases have neither; objects have handles all the same while the drawing is open.
   bool hasHandles = true;
   bool hasMarkers = true;
+  bool tableRecordsHaveHandles = true; ///< of releases before R13, some files have them and some have not
   bool hasBlockRecords = true; ///< whether they are stored; the oldest releases know blocks by name only
   std::vector<OdDbSection> sections; ///< in file order
   std::string_view tail;             ///< EOF and what follows it, kept

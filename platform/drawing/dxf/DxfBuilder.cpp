@@ -219,12 +219,13 @@ void DxfBuilder::noteForm() {
   m_store.hasBlockRecords = storesBlockRecords();
   if (dxfStoresBlockRecords(m_store.version)) return;
   m_store.hasHandles = m_hasHandles || integerVariable("$HANDLING") != 0;
+  m_store.tableRecordsHaveHandles = m_tableRecordsHaveHandles;
   const OdDbStub* sample = nullptr;
   if (m_store.version == OdDb::vUnknown)
     odDbVisitAll(m_store, [&sample](const OdDbStub* stub) {
       if (!sample && stub->raw && stub->dxfName() != "TABLE") sample = stub;
     });
-  m_store.hasMarkers = sample && hasMarker(sample);
+  m_store.hasMarkers = m_store.hasBlockRecords || (sample && hasMarker(sample));
 }
 
 void DxfBuilder::finishSeed() {
@@ -261,6 +262,7 @@ void DxfBuilder::readTable() {
     }
     if (m_record.name == "TABLE") fail("table " + name + " is not closed: expected ENDTAB, met TABLE");
     failOutOfPlace();
+    m_tableRecordsHaveHandles |= m_record.handle != 0;
     records->link(makeStub(type(false), table), records->last);
   }
 }
