@@ -1,6 +1,6 @@
-#include "terminal_console.h"
 #include "command_names.h"
 #include "sys/folders.h"
+#include "terminal_console.h"
 #include <clocale>
 #include <filesystem>
 #include <histedit.h>

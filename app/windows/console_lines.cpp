@@ -1,6 +1,7 @@
-// Lines typed in the system's console window, which has an editor, history and completion of file names of its own.
-#include "terminal_console.h"
+// Lines typed in the system's console window, which has an editor, history and completion of file names of
+// its own.
 #include "sys/windows/console.h"
+#include "terminal_console.h"
 #include <iostream>
 
 namespace app {
