@@ -1,5 +1,6 @@
 #include "dialog.h"
 #include "face.h"
+#include "res/dialog_template.h"
 #include "res/resource.h"
 
 namespace ui {
@@ -28,7 +29,7 @@ Dialog::~Dialog() = default;
 
 int Dialog::doModal() {
   if (m_face) throw std::logic_error("dialog " + std::to_string(m_number) + " is shown already");
-  m_face = makeFace(m_number, *this, findDialogUser());
+  m_face = makeFace(m_number, res::dialogBytes(m_number), *this, findDialogUser());
   struct Closing {
     std::unique_ptr<Face>& face;
     ~Closing() { face.reset(); }
