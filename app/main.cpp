@@ -2,12 +2,14 @@
 #include "extract.h"
 #include "options.h"
 #include "session.h"
+#include "sys/program.h"
 #include <exception>
 #include <iostream>
 
 int main(int argc, char** argv) {
+  const sys::StandardStreams streams;
   try {
-    const app::Options options = app::parseOptions(argc, argv);
+    const app::Options options = app::parseOptions(sys::programArguments(argc, argv));
     switch (options.task) {
     case app::Options::Task::session: return app::runSession(options.session);
     case app::Options::Task::extract: return app::runExtract(options.extract);

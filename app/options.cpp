@@ -1,5 +1,6 @@
 #include "options.h"
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <iostream>
 #include <map>
 
@@ -26,14 +27,11 @@ constexpr char kCheckNotes[] =
 void addPicture(CLI::App& program, picture::Request& request) {
   auto* file =
       program.add_option("--picture", request.file, "Draw the drawing at the end: .svg, .png or .pdf");
-  const auto isFormat = [](const std::string& name) {
-    return picture::hasKnownFormat(name) ? std::string() : name + ": pictures are .svg, .png or .pdf files";
-  };
   const auto readSize = [&request](const std::string& size) {
     if (!picture::parseSize(size, request.width, request.height))
       throw CLI::ValidationError("--picture-size", "\"" + size + "\" is no size in pixels, such as 1600x900");
   };
-  file->option_text("FILE")->check(isFormat);
+  file->option_text("FILE")->check(&picture::fault);
   program.add_option("--layout", request.layout, "Draw this layout instead of model space")
       ->option_text("NAME")
       ->needs(file);
@@ -138,15 +136,18 @@ std::string contradiction(const Options& options) {
 
 } // namespace
 
-Options parseOptions(int argc, const char* const* argv) {
+Options parseOptions(std::vector<std::string> arguments) {
   Options options;
   CLI::App program(kAbout, "hbhost");
+  // A leading slash is a path on every system.
+  program.allow_windows_style_options(false);
   program.footer(kSessionNotes);
   addSession(program, options.session);
   const CLI::App* extract = addExtract(program, options.extract);
   const CLI::App* check = addCheck(program, options.check);
   try {
-    program.parse(argc, argv);
+    std::reverse(arguments.begin(), arguments.end()); // which is how the parser wants them
+    program.parse(std::move(arguments));
   } catch (const CLI::CallForHelp& help) {
     program.exit(help);
     return options;

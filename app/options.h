@@ -49,7 +49,7 @@ struct Options {
   CheckOptions check;
 };
 
-/// Reads the command line. Help goes to the standard output, complaints to standard error.
-Options parseOptions(int argc, const char* const* argv);
+/// Reads the arguments behind the program's name. Help goes to the standard output, complaints to standard error.
+Options parseOptions(std::vector<std::string> arguments);
 
 } // namespace app

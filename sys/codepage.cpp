@@ -1,7 +1,7 @@
 #include "sys/codepage.h"
+#include "sys/page_converter.h"
+#include "sys/surrogates.h"
 #include <algorithm>
-#include <cstring>
-#include <iconv.h>
 #include <map>
 #include <memory>
 
@@ -26,7 +26,6 @@ struct NumberedFamily {
   std::string_view prefix;
   int offset;
 };
-constexpr int kFirstIso = 28590, kLastIso = 28606; ///< the system's numbers for ISO 8859-1 and so on
 constexpr NumberedFamily kFamilies[] = {
     {"ANSI", 0},
     {"DOS", 0},
@@ -34,8 +33,8 @@ constexpr NumberedFamily kFamilies[] = {
     {"OEM", 0},
     {"IBM", 0},
     {"WINDOWS", 0},
-    {"ISO8859", kFirstIso},
-    {"8859", kFirstIso},
+    {"ISO8859", kIsoPages},
+    {"8859", kIsoPages},
 };
 
 std::string plainName(std::string_view name) {
@@ -58,56 +57,6 @@ int digits(std::string_view text) {
   return value;
 }
 
-/// The system's converter for a page.
-class Converter {
-public:
-  explicit Converter(int number) : m_handle(iconv_open("UTF-32LE", systemName(number).c_str())) {}
-  ~Converter() {
-    if (isOpen()) iconv_close(m_handle);
-  }
-  Converter(const Converter&) = delete;
-  Converter& operator=(const Converter&) = delete;
-  bool isOpen() const { return m_handle != reinterpret_cast<iconv_t>(-1); }
-
-  enum class Outcome { kCharacter, kIncomplete, kInvalid };
-  /// The character that the bytes, all of them, stand for.
-  Outcome convert(std::string_view bytes, char32_t& character) {
-    char buffer[4];
-    std::memcpy(buffer, bytes.data(), bytes.size());
-    char* in = buffer;
-    std::size_t inLeft = bytes.size();
-    char out[16];
-    char* outAt = out;
-    std::size_t outLeft = sizeof out;
-    iconv(m_handle, nullptr, nullptr, nullptr, nullptr);
-    errno = 0;
-    const std::size_t result = iconv(m_handle, &in, &inLeft, &outAt, &outLeft);
-    if (result == static_cast<std::size_t>(-1))
-      return errno == EINVAL ? Outcome::kIncomplete : Outcome::kInvalid;
-    // Letters that an accent could follow (1255, 1258) are held back until the end is told.
-    iconv(m_handle, nullptr, nullptr, &outAt, &outLeft);
-    if (outAt - out != sizeof(char32_t)) return Outcome::kInvalid;
-    std::memcpy(&character, out, sizeof character);
-    return Outcome::kCharacter;
-  }
-
-private:
-  static std::string systemName(int number) {
-    switch (number) {
-    case 949: return "UHC";
-    case 1361: return "JOHAB";
-    case 10000: return "MACINTOSH";
-    case 20866: return "KOI8-R";
-    default: break;
-    }
-    if (number > kFirstIso && number <= kLastIso) return "ISO-8859-" + std::to_string(number - kFirstIso);
-    return "CP" + std::to_string(number);
-  }
-  iconv_t m_handle;
-};
-
-constexpr bool isSurrogate(char32_t c) { return c >= 0xD800 && c < 0xE000; }
-
 } // namespace
 
 int CodePage::number(std::string_view name) {
@@ -129,7 +78,7 @@ std::string CodePage::headerName(int number) {
   if (number == kMacintosh) return "mac-roman";
   if (number == 1361) return "johab";
   if (number == 20866) return "KOI8-R";
-  if (number > kFirstIso && number <= kLastIso) return "iso8859-" + std::to_string(number - kFirstIso);
+  if (number > kIsoPages && number <= kLastIsoPage) return "iso8859-" + std::to_string(number - kIsoPages);
   const bool isAnsi = (number >= kFirstAnsi && number <= kLastAnsi) ||
                       std::find(std::begin(kEastern), std::end(kEastern), number) != std::end(kEastern);
   return (isAnsi ? "ANSI_" : "dos") + std::to_string(number);
@@ -140,12 +89,13 @@ const CodePage* CodePage::numbered(int number) {
   const auto known = pages.find(number);
   if (known != pages.end()) return known->second.get();
   std::unique_ptr<const CodePage> page;
-  if (number > 0 && number != kUtf8 && Converter(number).isOpen()) page.reset(new CodePage(number));
+  if (number > 0 && number != kUtf8)
+    if (const auto converter = PageConverter::open(number)) page.reset(new CodePage(*converter));
   return pages.emplace(number, std::move(page)).first->second.get();
 }
 
-CodePage::CodePage(int number) {
-  readTables(number);
+CodePage::CodePage(PageConverter& converter) {
+  readTables(converter);
   const auto note = [this](char16_t character, std::uint32_t bytes) {
     if (character != kNothing && character != kLeadByte)
       m_fromText.push_back(std::uint32_t{character} << 16 | bytes);
@@ -155,23 +105,22 @@ CodePage::CodePage(int number) {
   std::sort(m_fromText.begin(), m_fromText.end());
 }
 
-void CodePage::readTables(int number) {
-  Converter converter(number);
+void CodePage::readTables(PageConverter& converter) {
   for (std::size_t byte = 0; byte < 256; ++byte) {
     char bytes[2] = {static_cast<char>(byte), 0};
     char32_t character = 0;
     m_single[byte] = kNothing;
-    const Converter::Outcome outcome = converter.convert({bytes, 1}, character);
-    if (outcome == Converter::Outcome::kCharacter && character < kNothing && !isSurrogate(character))
+    const PageConverter::Outcome outcome = converter.convert({bytes, 1}, character);
+    if (outcome == PageConverter::Outcome::kCharacter && character < kNothing && !isSurrogate(character))
       m_single[byte] = static_cast<char16_t>(character);
     // In these pages a byte below 128 is always a character of its own, of ASCII where it matters to a file.
     if (byte < 128) m_single[byte] = static_cast<char16_t>(byte);
-    if (outcome != Converter::Outcome::kIncomplete || byte < 128) continue;
+    if (outcome != PageConverter::Outcome::kIncomplete || byte < 128) continue;
     m_single[byte] = kLeadByte;
     m_double.resize(128 * 256, kNothing);
     for (std::size_t trail = 0; trail < 256; ++trail) {
       bytes[1] = static_cast<char>(trail);
-      if (converter.convert({bytes, 2}, character) == Converter::Outcome::kCharacter && character < kNothing)
+      if (converter.convert({bytes, 2}, character) == PageConverter::Outcome::kCharacter && character < kNothing)
         m_double[(byte - 128) * 256 + trail] = static_cast<char16_t>(character);
     }
   }
@@ -228,27 +177,6 @@ bool CodePage::encode(char32_t character, std::string& bytes) const {
 // --- UTF-8 ---
 
 namespace {
-
-/// Appends a code point, as two units where units have 16 bits and it needs them.
-void appendWide(std::wstring& text, char32_t codePoint) {
-  if (sizeof(wchar_t) == 2 && codePoint > 0xFFFF) {
-    text += static_cast<wchar_t>(0xD800 + ((codePoint - 0x10000) >> 10));
-    text += static_cast<wchar_t>(0xDC00 + ((codePoint - 0x10000) & 0x3FF));
-  } else {
-    text += static_cast<wchar_t>(codePoint);
-  }
-}
-
-/// The code point at `position`, which moves past it; an unpaired surrogate is returned as it stands.
-char32_t nextCodePoint(std::wstring_view text, std::size_t& position) {
-  const auto first = static_cast<char32_t>(text[position++]);
-  if (first < 0xD800 || first > 0xDBFF || position == text.size()) return first;
-  const auto second = static_cast<char32_t>(text[position]);
-  // Two units of 32 bits are no pair: such text does not come about, and its halves stay what they are.
-  if (sizeof(wchar_t) != 2 || second < 0xDC00 || second > 0xDFFF) return first;
-  ++position;
-  return 0x10000 + ((first - 0xD800) << 10) + (second - 0xDC00);
-}
 
 /// Length of the well-formed sequence at the start of the bytes, with its code point; 0 when it is malformed.
 std::size_t utf8Sequence(std::string_view bytes, char32_t& codePoint) {
@@ -313,35 +241,6 @@ void encodeUtf8(char32_t codePoint, std::string& bytes) {
     put(0x80 | (codePoint >> 6 & 0x3F));
     put(0x80 | (codePoint & 0x3F));
   }
-}
-
-void appendNarrow(std::wstring_view text, std::string& bytes) {
-  const std::size_t old = bytes.size();
-  bytes.resize(old + text.size());
-  // Most text is ASCII from beginning to end.
-  std::size_t at = 0;
-  for (; at < text.size() && static_cast<char32_t>(text[at]) < 0x80; ++at)
-    bytes[old + at] = static_cast<char>(text[at]);
-  bytes.resize(old + at);
-  while (at < text.size()) {
-    const char32_t c = nextCodePoint(text, at);
-    if (isSurrogate(c) || c > 0x10FFFF)
-      bytes += '?';
-    else
-      encodeUtf8(c, bytes);
-  }
-}
-
-std::string toNarrow(std::wstring_view text) {
-  std::string bytes;
-  appendNarrow(text, bytes);
-  return bytes;
-}
-
-std::wstring fromNarrow(std::string_view bytes) {
-  std::wstring text;
-  decodeUtf8(bytes, text);
-  return text;
 }
 
 } // namespace sys

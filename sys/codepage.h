@@ -9,6 +9,8 @@
 
 namespace sys {
 
+class PageConverter;
+
 inline constexpr char32_t kForeignByte = 0xDC00;
 inline constexpr bool isForeignByte(char32_t c) { return c >= 0xDC80 && c <= 0xDCFF; }
 
@@ -39,8 +41,8 @@ public:
   bool encode(char32_t character, std::string& bytes) const;
 
 private:
-  explicit CodePage(int number);
-  void readTables(int number);
+  explicit CodePage(PageConverter& converter);
+  void readTables(PageConverter& converter);
   std::size_t decodeOne(std::string_view bytes, std::wstring& text) const;
 
   static constexpr char16_t kLeadByte = 0xFFFF; ///< in m_single: the first byte of two
@@ -58,8 +60,8 @@ bool isUtf8(std::string_view bytes);
 /// Appends a code point as UTF-8; U+DC80 to U+DCFF as the byte they stand for.
 void encodeUtf8(char32_t codePoint, std::string& bytes);
 
-/// Text in the system's narrow code page, for files that other programs read: UTF-8 here. What it cannot hold
-/// becomes a question mark.
+/// Text in the system's narrow code page, for files that other programs read: the user's ANSI code page on
+/// Windows, UTF-8 elsewhere. What it cannot hold becomes a question mark.
 std::string toNarrow(std::wstring_view text);
 /// The same, behind other bytes.
 void appendNarrow(std::wstring_view text, std::string& bytes);

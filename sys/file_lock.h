@@ -1,4 +1,5 @@
 #pragma once
+#include <cstdint>
 #include <filesystem>
 
 namespace sys {
@@ -14,7 +15,7 @@ public:
   FileLock& operator=(const FileLock&) = delete;
 
 private:
-  int m_file;
+  std::intptr_t m_file; ///< as the system names it
 };
 
 } // namespace sys

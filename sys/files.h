@@ -1,5 +1,6 @@
 #pragma once
 // Whole files in memory, and files that replace others only once they are complete.
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <stdexcept>
@@ -14,9 +15,12 @@ public:
   FileError(const std::filesystem::path& path, std::string_view reason);
 };
 
-/// Paths in wide text. Bytes of a file name that are no UTF-8 stand in the text as U+DC80 to U+DCFF.
+/// Paths in wide text. Where the system's file names are bytes, those that are no UTF-8 stand in the text as
+/// U+DC80 to U+DCFF.
 std::filesystem::path toPath(std::wstring_view text);
 std::wstring fromPath(const std::filesystem::path& path);
+/// A path as messages show it: in UTF-8, or in its own bytes where file names are bytes.
+std::string shownPath(const std::filesystem::path& path);
 
 struct FileBytes {
   std::shared_ptr<void> owner; ///< keeps the bytes alive
@@ -74,7 +78,8 @@ private:
   std::filesystem::path m_asked; ///< as the caller named it, for messages
   std::filesystem::path m_target;
   std::filesystem::path m_temporary;
-  int m_descriptor = -1;
+  static constexpr std::intptr_t kNoFile = -1;
+  std::intptr_t m_file = kNoFile; ///< the open file, as the system names it
 };
 
 } // namespace sys

@@ -234,7 +234,9 @@ std::vector<std::string> notesOn(const Omissions& omissions) {
 
 } // namespace
 
-bool hasKnownFormat(const std::string& file) { return formatOf(file) != Format::unknown; }
+std::string fault(const std::string& file) {
+  return formatOf(file) == Format::unknown ? file + ": pictures are .svg, .png or .pdf files" : "";
+}
 
 bool parseSize(const std::string& text, int& width, int& height) {
   const char* end = text.data() + text.size();
@@ -248,8 +250,7 @@ bool parseSize(const std::string& text, int& width, int& height) {
 std::vector<std::string> write(OdDbDatabase& database, const Request& request) {
   const Format format = formatOf(request.file);
   if (format == Format::unknown)
-    throw OdError(eInvalidInput,
-                  OdString::fromUtf8(request.file) + L": pictures are .svg, .png or .pdf files.");
+    throw OdError(eInvalidInput, OdString::fromUtf8(fault(request.file)) + L".");
   const Space space = findSpace(database, OdString::fromUtf8(request.layout));
   Fonts fonts;
   const MeasureText measure = [&fonts](const std::string& text, const Font& font) {

@@ -14,8 +14,8 @@ struct Request {
   int height = 0;
 };
 
-/// Whether the extension of the file is one that pictures have.
-bool hasKnownFormat(const std::string& file);
+/// Why no picture can be written under this name, as a sentence without a period; empty: one can.
+std::string fault(const std::string& file);
 /// Reads "800x600"; false for anything else, and for sizes that no picture can have.
 bool parseSize(const std::string& text, int& width, int& height);
 

@@ -17,8 +17,7 @@ constexpr char kContents[] = "index";
 
 /// $HBHOST_HELP, else the folder "help" beside the program or in the shared data of an installed one.
 std::vector<fs::path> helpFolders() {
-  const char* place = std::getenv("HBHOST_HELP");
-  if (place && *place) return {place};
+  if (fs::path place = sys::environmentPath("HBHOST_HELP"); !place.empty()) return {std::move(place)};
   const fs::path program = sys::programFolder();
   return {program / "help", program.parent_path() / "share" / "hbhost" / "help"};
 }

@@ -132,8 +132,7 @@ void store(const fs::path& path, const Json& json) {
 } // namespace
 
 fs::path ProfileFile::userPath() {
-  const char* place = std::getenv("HBHOST_PROFILE");
-  if (place && *place) return place;
+  if (fs::path place = sys::environmentPath("HBHOST_PROFILE"); !place.empty()) return place;
   const fs::path folder = sys::configFolder();
   return folder.empty() ? folder : folder / "profile.json";
 }

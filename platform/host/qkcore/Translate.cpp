@@ -12,8 +12,8 @@ using Translations = std::unordered_map<OdString, OdString>;
 
 /// $HBHOST_TRANSLATION, else translation.txt beside the program.
 fs::path translationPath() {
-  const char* place = std::getenv("HBHOST_TRANSLATION");
-  return place && *place ? fs::path(place) : sys::programFolder() / "translation.txt";
+  fs::path place = sys::environmentPath("HBHOST_TRANSLATION");
+  return place.empty() ? sys::programFolder() / "translation.txt" : place;
 }
 
 /// Reads up to an equals sign or the end. A backslash takes the meaning from the sign behind it; \n is a line

@@ -1,5 +1,5 @@
-#include "library.h"
-#include "folders.h"
+#include "sys/library.h"
+#include "sys/folders.h"
 #include <dlfcn.h>
 #include <filesystem>
 #include <link.h>

@@ -1,4 +1,4 @@
-#include "file_lock.h"
+#include "sys/file_lock.h"
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -9,11 +9,11 @@ FileLock::FileLock(const std::filesystem::path& path)
   struct flock wholeFile {};
   wholeFile.l_type = F_WRLCK;
   // Bound to this opening of the file, so that two locks in one process exclude each other too.
-  if (m_file >= 0) fcntl(m_file, F_OFD_SETLKW, &wholeFile);
+  if (m_file >= 0) fcntl(static_cast<int>(m_file), F_OFD_SETLKW, &wholeFile);
 }
 
 FileLock::~FileLock() {
-  if (m_file >= 0) close(m_file);
+  if (m_file >= 0) close(static_cast<int>(m_file));
 }
 
 } // namespace sys

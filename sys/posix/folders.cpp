@@ -1,4 +1,4 @@
-#include "folders.h"
+#include "sys/folders.h"
 #include <cstdlib>
 #include <fstream>
 #include <string>
@@ -13,8 +13,7 @@ constexpr char kOwnFolder[] = "hbhost";
 
 /// The desktop's rules ignore relative paths in these variables.
 fs::path absoluteFromEnvironment(const char* variable) {
-  const char* value = std::getenv(variable);
-  fs::path path = value ? value : "";
+  fs::path path = environmentPath(variable);
   return path.is_absolute() ? path : fs::path();
 }
 
@@ -73,6 +72,11 @@ fs::path programFolder() {
   std::error_code failed;
   const fs::path program = fs::read_symlink("/proc/self/exe", failed);
   return failed ? fs::path() : program.parent_path();
+}
+
+fs::path environmentPath(const char* variable) {
+  const char* value = std::getenv(variable);
+  return value ? value : "";
 }
 
 } // namespace sys

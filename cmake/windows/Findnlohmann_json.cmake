@@ -1,0 +1,5 @@
+# Header only; found through the forwarded headers.
+if(NOT TARGET nlohmann_json::nlohmann_json)
+  add_library(nlohmann_json::nlohmann_json INTERFACE IMPORTED)
+endif()
+set(nlohmann_json_FOUND TRUE)
