@@ -51,10 +51,18 @@ if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
-# hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder. Sources are found by
-# the build itself, so that a test file cannot be left out.
+# What shows dialogs.
+if(WIN32)
+  set(BLOCKATTR_FACE win32)
+else()
+  set(BLOCKATTR_FACE text)
+endif()
+
+# hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder, and of the one in it that is
+# named after the face, for tests that the other face cannot run. Sources are found by the build itself, so that a test
+# file cannot be left out.
 function(hb_test name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp ${BLOCKATTR_FACE}/*.cpp)
   add_executable(${name} ${sources})
   target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock_main)
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <string> <vector>)

@@ -64,7 +64,7 @@ public:
   /// The number of the control that has the focus; 0 for none.
   virtual int focus() const = 0;
 
-  /// Replaces the whole text of an edit.
+  /// Replaces the whole text of an edit. Nothing changes when it is that text already.
   virtual Outcome type(int id, const wchar_t* text) = 0;
   /// Brings a check box or radio button to that state; a radio button cannot be unticked by itself. Nothing
   /// happens when it already is in that state.

@@ -55,7 +55,10 @@ Outcome WorkedDialog::act(int id, Kinds kinds, const std::function<void()>& acti
 }
 
 Outcome WorkedDialog::type(int id, const wchar_t* text) {
-  return act(id, {ControlKind::edit}, [&] { replaceText(id, text); });
+  return act(id, {ControlKind::edit}, [&] {
+    ControlInfo info;
+    if (control(id, info) && OdString(info.text) != text) replaceText(id, text);
+  });
 }
 
 Outcome WorkedDialog::tick(int id, bool on) {

@@ -274,14 +274,6 @@ TEST_F(HandmadeUserTest, EnterPressesTheFocusedButtonElseTheDefaultOne) {
   EXPECT_THAT(dialog.events, ElementsAre("init", "press 1021", "ok", "leave 1028"));
 }
 
-TEST_F(HandmadeUserTest, NobodyToAnswerIsAClearError) {
-  handmadeUser = nullptr;
-  EXPECT_EQ(failure(), "The dialog \"Extract of attributes\" cannot be shown: nobody is there to answer it.");
-  ui::setDialogUserSource(nullptr);
-  EXPECT_EQ(failure(), "The dialog \"Extract of attributes\" cannot be shown: nobody is there to answer it.");
-  EXPECT_TRUE(dialog.events.empty());
-}
-
 TEST_F(HandmadeUserTest, AUserThatDoesNothingCannotHangTheHost) {
   EXPECT_EQ(failure(), "The dialog \"Extract of attributes\" was left unanswered.");
   user.act = [](ui::OpenDialog& d) { EXPECT_EQ(d.press(4711), ui::Outcome::noSuchControl); };

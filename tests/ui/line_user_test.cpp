@@ -26,6 +26,7 @@ public:
     for (const wchar_t* item : {L"Red", L"Green", L"Grey", L"By Layer"}) face->addItem(27, item);
     for (const wchar_t* item : {L"first", L"second"}) face->addItem(29, item);
     face->select(27, 0);
+    face->setText(30, L"old");
     prepare();
   }
   void onPress(int id) override { events.push_back("press " + std::to_string(id)); }
@@ -52,7 +53,7 @@ TEST_F(LineUserTest, PrintsTheDialogAsItLooks) {
   EXPECT_THAT(opened,
               ElementsAre("Every&thing", "  Choices", "    ( ) Red", "    ( ) Dark red", "  [ ] Big & bold",
                           "  Name:  \"\"", "  Colour:  <Red> of Red | Green | Grey | By Layer",
-                          "  Rows:", "  list:", "      1  first", "      2  second", "  \"\" #30",
+                          "  Rows:", "  list:", "      1  first", "      2  second", "  \"old\" #30",
                           "  [Browse...]  \"\" (disabled)", "  [OK]*  [Cancel]"));
   const std::vector<std::string> shown(user.printed().begin() + 16, user.printed().begin() + 25);
   EXPECT_THAT(shown, ElementsAre("    (*) Red", "    ( ) Dark red", "  [x] Big & bold", "  Name:  \"A & B\"",
@@ -68,7 +69,7 @@ TEST_F(LineUserTest, DoesWhatALineSays) {
       {"tick Big & bold", "press 23"},          // a doubled mark is one sign
       {"set Name: = x = y", "change 25 x = y"}, // the first = parts name and value
       {"set name=\" x \"", "change 25  x "},
-      {"set name =", "change 25 "},
+      {"set #30 =", "change 30 "},
       {"set #30 = z", "change 30 z"},
       {"choose colour = green", "change 27 Green"},
       {"choose colour = layer", "change 27 By Layer"},
