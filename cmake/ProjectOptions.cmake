@@ -51,19 +51,19 @@ if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
-# What shows dialogs.
+# What test programs need of one system only stands in a folder of its name.
 if(WIN32)
-  set(BLOCKATTR_FACE win32)
+  set(test_system windows)
 else()
-  set(BLOCKATTR_FACE text)
+  set(test_system posix)
 endif()
 
-# hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder, and of the one in it that is
-# named after the face, for tests that the other face cannot run. Sources are found by the build itself, so that a test
-# file cannot be left out.
+# hb_test(NAME LIBRARIES...): one test program from every *_test.cpp of the calling folder. Sources are found by
+# the build itself, so that a test file cannot be left out.
 function(hb_test name)
-  file(GLOB sources CONFIGURE_DEPENDS *.cpp ${BLOCKATTR_FACE}/*.cpp)
+  file(GLOB sources CONFIGURE_DEPENDS *.cpp ${test_system}/*.cpp)
   add_executable(${name} ${sources})
+  target_include_directories(${name} PRIVATE ${CMAKE_CURRENT_SOURCE_DIR})
   target_link_libraries(${name} PRIVATE ${ARGN} GTest::gmock_main)
   target_precompile_headers(${name} PRIVATE <gmock/gmock.h> <string> <vector>)
   # The leaks of others are listed there.

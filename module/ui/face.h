@@ -35,6 +35,8 @@ public:
   virtual Placement placement() const = 0;
   virtual void setPlacement(const Placement& placement) = 0;
   virtual void* window() const = 0;
+  /// Where there is no keyboard it never is.
+  virtual bool isRightControlHeld() const = 0;
   virtual MessageAnswer messageBox(const MessageQuestion& question) = 0;
   virtual std::optional<OdString> askFile(const FileRequest& request) = 0;
 };

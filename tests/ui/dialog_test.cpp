@@ -1,4 +1,5 @@
 // Dialogs from the controller's side, worked through the dialog user.
+#include "res/error.h"
 #include "res/resource.h"
 #include "support/dialog_recorder.h"
 #include "ui/dialog.h"
@@ -98,6 +99,25 @@ TEST_F(DialogTest, ARefusedValueKeepsTheFocusAndThePressIsLost) {
   EXPECT_EQ(run("set template = good\npress ok"), 1);
   EXPECT_THAT(dialog.events,
               ElementsAre("init", "change 1027", "leave 1027", "change 1027", "leave 1027", "ok"));
+}
+
+TEST_F(DialogTest, AMessageIsNoReasonToLeaveAControl) {
+  dialog.reactions["change 1027"] = [](ProbeDialog& d) { d.messageBox(L"Text", L"Caption"); };
+  run("set template = a\nok\nset template = b\nok\nset output = c\npress cancel");
+  EXPECT_THAT(dialog.events, ElementsAre("init", "change 1027", "change 1027", "leave 1027", "change 1028",
+                                         "leave 1028"));
+}
+
+TEST_F(DialogTest, AControlThatIsDisabledOrHiddenPassesTheFocusOn) {
+  dialog.reactions["change 1027"] = [](ProbeDialog& d) { d.enable(IDC_ATTEXT_TEMPLATE, false); };
+  dialog.reactions["change 1028"] = [](ProbeDialog& d) { d.show(IDC_ATTEXT_OUTPUT, false); };
+  std::vector<int> focus;
+  const auto keep = [&](const DialogRecorder::Dialog& d) { focus.push_back(d.focus); };
+  user.say("set template = a").look(keep).say("set output = b").look(keep);
+  run("press cancel");
+  EXPECT_THAT(focus, ElementsAre(IDC_ATTEXT_OUTPUT_BUTTON, IDOK));
+  EXPECT_THAT(dialog.events,
+              ElementsAre("init", "change 1027", "leave 1027", "change 1028", "leave 1028"));
 }
 
 TEST_F(DialogTest, TickingARadioButtonClearsTheOthers) {
@@ -206,6 +226,18 @@ TEST_F(DialogTest, ThePlacementIsTheWindowsRecord) {
   EXPECT_EQ(first[0], std::byte{44});
   EXPECT_EQ(first[8], std::byte{1}) << "shown normally";
   EXPECT_EQ(second[28], std::byte{200});
+}
+
+TEST(DialogWithoutTemplate, IsNamed) {
+  struct Missing : ui::Dialog {
+    Missing() : Dialog(4711) {}
+  };
+  try {
+    Missing().doModal();
+    FAIL();
+  } catch (const res::Error& error) {
+    EXPECT_STREQ(error.what(), "the module's resources hold no dialog number 4711");
+  }
 }
 
 TEST_F(DialogTest, MistakesOfTheDialogClassAreToldAtOnce) {

@@ -14,6 +14,7 @@ TextFace::TextFace(unsigned number, DialogEvents& events, DialogUser* user, cons
 
 int TextFace::run() {
   if (!m_user) throw DialogError(sentence(IDS_DIALOG_NOT_SHOWN, m_title));
+  m_events.onOpen();
   m_events.onInit();
   if (!hasEnded() && m_focus == 0) m_focus = nextTabStop();
   if (!hasEnded()) m_user->opened(*this);

@@ -36,6 +36,7 @@ public:
   Placement placement() const override { return m_placement; }
   void setPlacement(const Placement& placement) override { m_placement = placement; }
   void* window() const override { return nullptr; }
+  bool isRightControlHeld() const override { return false; }
   MessageAnswer messageBox(const MessageQuestion& question) override;
   std::optional<OdString> askFile(const FileRequest& request) override;
 

@@ -107,6 +107,7 @@ void Win32Face::initialise() {
     SetWindowSubclass(control.window, &controlProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
     if (control.kind == ControlKind::radioButton) SendMessageW(control.window, setDontClick, TRUE, 0);
   }
+  m_events.onOpen();
   m_events.onInit();
   if (hasEnded()) return;
   if (m_focus == 0) setFocus(nextTabStop());

@@ -1,4 +1,4 @@
-#include "../extraction.h"
+#include "extraction.h"
 #include <gmock/gmock.h>
 
 namespace {
