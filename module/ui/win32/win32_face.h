@@ -41,7 +41,7 @@ public:
   Placement placement() const override;
   void setPlacement(const Placement& placement) override;
   void* window() const override { return m_window; }
-  bool isRightControlHeld() const override { return GetKeyState(VK_RCONTROL) < 0; }
+  bool isRightControlHeld() const override { return GetAsyncKeyState(VK_RCONTROL) < 0; }
   MessageAnswer messageBox(const MessageQuestion& question) override;
   std::optional<OdString> askFile(const FileRequest& request) override;
 
