@@ -171,7 +171,7 @@ ExitStatus runSession(const SessionOptions& options) {
   std::error_code ignored;
   if (fs::is_directory(options.script, ignored))
     return complain(options.script + ": Is a directory", kWrongUsage);
-  std::ifstream file(options.script, std::ios::binary);
+  std::ifstream file(fs::path(options.script), std::ios::binary);
   if (!file) return complain(options.script + ": " + std::generic_category().message(errno), kWrongUsage);
   return runScript(options, &file, options.script);
 }

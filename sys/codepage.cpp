@@ -120,7 +120,8 @@ void CodePage::readTables(PageConverter& converter) {
     m_double.resize(128 * 256, kNothing);
     for (std::size_t trail = 0; trail < 256; ++trail) {
       bytes[1] = static_cast<char>(trail);
-      if (converter.convert({bytes, 2}, character) == PageConverter::Outcome::kCharacter && character < kNothing)
+      if (converter.convert({bytes, 2}, character) == PageConverter::Outcome::kCharacter &&
+          character < kNothing)
         m_double[(byte - 128) * 256 + trail] = static_cast<char16_t>(character);
     }
   }

@@ -2,7 +2,9 @@
 """Check who includes whom: a room may use itself and the rooms below it, never one above.
 
 The floors stand in FLOORS. Headers are found by the include folders that the build uses; system headers and
-libraries outside the tree do not count. Exit status 1 when an include breaks a floor.
+libraries outside the tree do not count. What knows the operating system stands in folders of its own, which the
+build chooses: no code asks the preprocessor for the system. Exit status 1 when an include breaks a floor, or a file
+asks.
 """
 import pathlib
 import re
@@ -31,6 +33,7 @@ FLOORS = {
 EXCEPTIONS = {("app", "module/ui/line"), ("app", "module/ui/dialog_user.h"), ("platform/host", "module/ui/dialog_user.h")}
 # Internal headers of the drawing library: the module must not see them, no vendor has them.
 INTERNAL = {"DbStub.h", "DbStore.h", "DbUndo.h", "DbGroup.h", "DbSchema.h"}
+SYSTEM_QUESTION = re.compile(r"\s*#\s*(if|elif|ifdef|ifndef)\b.*(_WIN32|_WIN64|__MINGW|_MSC_VER|__linux__|__unix__)")
 INCLUDE_DIRS = ["", "platform/drawing/rx", "platform/drawing/ge", "platform/drawing/db", "platform/drawing/dxf",
                 "platform/host/include", "platform/host", "module"]
 
@@ -49,6 +52,17 @@ def resolve(source, name):
         if candidate.is_file() and ROOT in candidate.parents:
             return candidate.relative_to(ROOT)
     return None
+
+
+def system_questions():
+    """Lines that ask the preprocessor for the operating system."""
+    for top in ("sys", "platform", "module", "app", "tests", "bench"):
+        for source in sorted((ROOT / top).rglob("*")):
+            if source.suffix not in (".h", ".cpp", ".inc"):
+                continue
+            for number, line in enumerate(source.read_text(encoding="utf-8").splitlines(), 1):
+                if SYSTEM_QUESTION.match(line):
+                    yield f"{source.relative_to(ROOT)}:{number}: asks for the operating system; see sys/"
 
 
 def excepted(room, target):
@@ -72,8 +86,11 @@ def main():
                 reason = "an internal header" if hidden else f"{room} may not include {other}"
                 print(f"{source.relative_to(ROOT)}:{number}: {match.group(1)}: {reason}")
                 broken += 1
-    print(f"{len(sources)} files, {broken} broken includes")
-    return 1 if broken else 0
+    questions = list(system_questions())
+    for question in questions:
+        print(question)
+    print(f"{len(sources)} files, {broken} broken includes, {len(questions)} questions for the system")
+    return 1 if broken or questions else 0
 
 
 if __name__ == "__main__":

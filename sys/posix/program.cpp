@@ -2,7 +2,9 @@
 
 namespace sys {
 
-std::vector<std::string> programArguments(int argc, const char* const* argv) { return {argv + (argc > 0), argv + argc}; }
+std::vector<std::string> programArguments(int argc, const char* const* argv) {
+  return {argv + (argc > 0), argv + argc};
+}
 
 // Nothing else happens here anyway.
 StandardStreams::StandardStreams() = default;

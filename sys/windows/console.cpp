@@ -11,7 +11,8 @@ constexpr wchar_t kControlC = 3, kControlZ = 26;
 class LineMode {
 public:
   explicit LineMode(HANDLE input) : m_input(input) {
-    if (GetConsoleMode(m_input, &m_before)) SetConsoleMode(m_input, m_before & ~DWORD{ENABLE_PROCESSED_INPUT});
+    if (GetConsoleMode(m_input, &m_before))
+      SetConsoleMode(m_input, m_before & ~DWORD{ENABLE_PROCESSED_INPUT});
   }
   ~LineMode() { SetConsoleMode(m_input, m_before); }
   LineMode(const LineMode&) = delete;

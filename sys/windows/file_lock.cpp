@@ -10,9 +10,9 @@ HANDLE handleOf(std::intptr_t file) { return reinterpret_cast<HANDLE>(file); }
 } // namespace
 
 FileLock::FileLock(const std::filesystem::path& path)
-    : m_file(reinterpret_cast<std::intptr_t>(CreateFileW(path.c_str(), GENERIC_READ | GENERIC_WRITE,
-                                                         FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
-                                                         nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
+    : m_file(reinterpret_cast<std::intptr_t>(CreateFileW(
+          path.c_str(), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE,
+          nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr))) {
   OVERLAPPED wholeFile{};
   if (handleOf(m_file) != INVALID_HANDLE_VALUE)
     LockFileEx(handleOf(m_file), LOCKFILE_EXCLUSIVE_LOCK, 0, MAXDWORD, MAXDWORD, &wholeFile);

@@ -138,11 +138,13 @@ HANDLE handleOf(std::intptr_t file) { return reinterpret_cast<HANDLE>(file); }
 fs::path linkTarget(const fs::path& path) {
   const DWORD attributes = GetFileAttributesW(path.c_str());
   if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
-  const Handle file(CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+  const Handle file(
+      CreateFileW(path.c_str(), 0, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
   constexpr DWORD kLongestPath = 32768;
   std::wstring target(kLongestPath, L'\0');
   const DWORD length =
-      file.isOpen() ? GetFinalPathNameByHandleW(file.get(), target.data(), kLongestPath, FILE_NAME_NORMALIZED) : 0;
+      file.isOpen() ? GetFinalPathNameByHandleW(file.get(), target.data(), kLongestPath, FILE_NAME_NORMALIZED)
+                    : 0;
   if (length == 0 || length >= kLongestPath) failWith(path, GetLastError());
   target.resize(length);
   return target;
@@ -151,8 +153,8 @@ fs::path linkTarget(const fs::path& path) {
 /// Throws where replacing would do what the user did not mean: to a folder, a device, or a read-only file.
 void checkOld(const fs::path& asked, const fs::path& target) {
   if (isFolder(target)) failWith(asked, std::errc::is_a_directory);
-  const Handle old(CreateFileW(target.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL,
-                               nullptr));
+  const Handle old(CreateFileW(target.c_str(), GENERIC_WRITE, kShareAll, nullptr, OPEN_EXISTING,
+                               FILE_ATTRIBUTE_NORMAL, nullptr));
   if (!old.isOpen()) {
     const DWORD error = GetLastError();
     if (error != ERROR_FILE_NOT_FOUND && error != ERROR_PATH_NOT_FOUND) failWith(asked, error);
@@ -174,8 +176,8 @@ ReplacementFile::ReplacementFile(const fs::path& path) : m_asked(path), m_target
 void ReplacementFile::open() {
   for (int tries = 0; m_file == kNoFile; ++tries) {
     m_temporary = unusedName(m_target, tries);
-    const HANDLE file = CreateFileW(m_temporary.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE, nullptr,
-                                    CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+    const HANDLE file = CreateFileW(m_temporary.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_DELETE,
+                                    nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
     if (file == INVALID_HANDLE_VALUE && (GetLastError() != ERROR_FILE_EXISTS || tries == kMostNames))
       failWith(m_asked, GetLastError());
     m_file = reinterpret_cast<std::intptr_t>(file);
@@ -196,7 +198,8 @@ void ReplacementFile::write(std::string_view bytes) {
   while (!bytes.empty()) {
     DWORD count = 0;
     const auto wanted = static_cast<DWORD>(std::min(bytes.size(), kPiece));
-    if (!WriteFile(handleOf(m_file), bytes.data(), wanted, &count, nullptr)) failWith(m_asked, GetLastError());
+    if (!WriteFile(handleOf(m_file), bytes.data(), wanted, &count, nullptr))
+      failWith(m_asked, GetLastError());
     bytes.remove_prefix(count);
   }
 }
@@ -228,11 +231,12 @@ void ReplacementFile::keepOld() {
 
 void ReplacementFile::commit() {
   close();
-  // This call keeps attributes and access rights of the old file; the second one is for file systems and shares that
-  // do not know it.
+  // This call keeps attributes and access rights of the old file; the second one is for file systems and
+  // shares that do not know it.
   const BOOL isReplaced =
-      isThere(m_target) && ReplaceFileW(m_target.c_str(), m_temporary.c_str(), nullptr,
-                                       REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS, nullptr, nullptr);
+      isThere(m_target) &&
+      ReplaceFileW(m_target.c_str(), m_temporary.c_str(), nullptr,
+                   REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS, nullptr, nullptr);
   if (!isReplaced &&
       !MoveFileExW(m_temporary.c_str(), m_target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
     failWith(m_asked, GetLastError());

@@ -45,7 +45,8 @@ Library findLoadedLibrary(std::string_view nameOrPath) {
 
 Library libraryHolding(const void* address) {
   HMODULE library = nullptr;
-  constexpr DWORD kFlags = GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
+  constexpr DWORD kFlags =
+      GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT;
   return GetModuleHandleExW(kFlags, static_cast<const wchar_t*>(address), &library) ? library : nullptr;
 }
 

@@ -18,8 +18,9 @@ bool encodeNarrow(char32_t character, std::string& bytes) {
   appendWide(units, character);
   char encoded[8];
   BOOL isMissing = FALSE;
-  const int count = WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units.data(), static_cast<int>(units.size()),
-                                        encoded, sizeof encoded, nullptr, &isMissing);
+  const int count =
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, units.data(), static_cast<int>(units.size()), encoded,
+                          sizeof encoded, nullptr, &isMissing);
   if (count <= 0 || isMissing) return false;
   bytes.append(encoded, static_cast<std::size_t>(count));
   return true;

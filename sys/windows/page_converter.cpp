@@ -20,11 +20,16 @@ public:
     character = units[0];
     // For bytes without a character the system gives control characters and its default character.
     const bool isControl = character >= 0x80 && character < 0xA0 && !m_hasControls;
-    const bool isDefault = bytes.size() == 2 && character == m_info.UnicodeDefaultChar;
+    const bool isDefault = character == m_info.UnicodeDefaultChar && bytesOf(units[0]) != bytes;
     return isControl || isDefault ? Outcome::kInvalid : Outcome::kCharacter;
   }
 
 private:
+  std::string bytesOf(wchar_t unit) const {
+    char bytes[4];
+    const int count = WideCharToMultiByte(m_page, 0, &unit, 1, bytes, sizeof bytes, nullptr, nullptr);
+    return {bytes, static_cast<std::size_t>(count)};
+  }
   bool isLead(unsigned char byte) const {
     for (int i = 0; i + 1 < MAX_LEADBYTES && m_info.LeadByte[i] != 0; i += 2)
       if (byte >= m_info.LeadByte[i] && byte <= m_info.LeadByte[i + 1]) return true;

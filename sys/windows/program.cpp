@@ -11,7 +11,8 @@ namespace sys {
 std::vector<std::string> programArguments(int, const char* const*) {
   // The narrow arguments have lost what the system's code page does not have.
   int count = 0;
-  const std::unique_ptr<wchar_t*, decltype(&LocalFree)> line(CommandLineToArgvW(GetCommandLineW(), &count), &LocalFree);
+  const std::unique_ptr<wchar_t*, decltype(&LocalFree)> line(CommandLineToArgvW(GetCommandLineW(), &count),
+                                                             &LocalFree);
   std::vector<std::string> arguments;
   for (int i = 1; i < count; ++i) arguments.push_back(utf8(line.get()[i]));
   return arguments;

@@ -16,7 +16,8 @@ namespace sys {
 /// UTF-8 of the system's text; surrogates without a partner are written like any other code point.
 std::string utf8(std::wstring_view text);
 
-/// The sentence that tells this error number of the system, worded as on the other systems where they know it.
+/// The sentence that tells this error number of the system, worded as on the other systems where they know
+/// it.
 std::string reasonOf(DWORD error);
 
 /// A handle that closes itself.

@@ -24,7 +24,8 @@ bool isTerminal(Stream stream) {
 int terminalWidth(Stream stream) {
   constexpr int kUsual = 80;
   CONSOLE_SCREEN_BUFFER_INFO info;
-  return GetConsoleScreenBufferInfo(handleOf(stream), &info) ? info.srWindow.Right - info.srWindow.Left + 1 : kUsual;
+  return GetConsoleScreenBufferInfo(handleOf(stream), &info) ? info.srWindow.Right - info.srWindow.Left + 1
+                                                             : kUsual;
 }
 
 } // namespace sys

@@ -1,10 +1,6 @@
 #include "program.h"
-#include <cstdlib>
 #include <fstream>
-#include <gtest/gtest.h>
 #include <sstream>
-#include <sys/wait.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -16,18 +12,9 @@ std::string contents(const fs::path& file) {
   return all.str();
 }
 
-std::string quoted(const std::string& argument) {
-  std::string text = "'";
-  for (const char c : argument) text += c == '\'' ? "'\\''" : std::string(1, c);
-  return text + "'";
-}
-
 } // namespace
 
 Workplace::Workplace() {
-  std::string name = (fs::temp_directory_path() / "hbhost-test-XXXXXX").string();
-  if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
-  m_folder = name;
   fs::create_directory(path(".streams"));
   fs::copy(EXAMPLES, path("examples"), fs::copy_options::recursive);
 }
@@ -38,25 +25,6 @@ void Workplace::write(const std::string& name, const std::string& text) const {
   std::ofstream(path(name), std::ios::binary) << text;
 }
 
-std::string Workplace::read(const std::string& name) const { return contents(path(name)); }
-
-Outcome Workplace::run(const std::string& line) const {
-  const std::string program = fs::path(HBHOST).parent_path().string();
-  const std::string command = "cd " + quoted(m_folder.string()) + " && HOME=$PWD PATH=" + quoted(program) +
-                              ":$PATH && " + "unset XDG_CONFIG_HOME XDG_STATE_HOME HBHOST_PROFILE && { " +
-                              line + "\n} <.streams/in >.streams/out 2>.streams/err";
-  const int status = std::system(command.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, read(".streams/out"), read(".streams/err")};
-}
-
-Outcome Workplace::hbhost(const std::vector<std::string>& arguments, const std::string& input) const {
-  write(".streams/in", input);
-  std::string line = "hbhost";
-  for (const std::string& argument : arguments) line += " " + quoted(argument);
-  return run(line);
-}
-
-Outcome Workplace::shell(const std::string& line) const {
-  write(".streams/in", "");
-  return run("{ " + line + "\n} 2>&1");
+std::string Workplace::read(const std::string& name) const {
+  return test::withPlainLineEnds(contents(path(name)));
 }

@@ -1,4 +1,5 @@
 #pragma once
+#include "support/system.h"
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -20,16 +21,17 @@ public:
 
   /// Runs hbhost with these arguments and this standard input.
   Outcome hbhost(const std::vector<std::string>& arguments, const std::string& input = "") const;
-  /// Runs a shell line in which hbhost can be called by its name; both streams are in `out`.
+  /// Runs a line of the POSIX shell in which hbhost can be called by its name; both streams are in `out`.
   Outcome shell(const std::string& line) const;
 
   std::filesystem::path path(const std::string& name) const { return m_folder / name; }
   void write(const std::string& name, const std::string& text) const;
+  /// A file whose lines end in "\n", whatever the system writes.
   std::string read(const std::string& name) const;
   bool has(const std::string& name) const { return std::filesystem::exists(path(name)); }
 
 private:
   /// Runs a shell line with the streams redirected to files that are read back.
   Outcome run(const std::string& line) const;
-  std::filesystem::path m_folder;
+  const std::filesystem::path m_folder = test::makeTemporaryFolder("hbhost-test");
 };

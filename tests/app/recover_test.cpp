@@ -93,21 +93,4 @@ TEST(Check, TellsTheWorstByItsStatus) {
   }
 }
 
-TEST(Check, WritesOneJsonDocument) {
-  const Workplace workplace;
-  workplace.write("torn.dxf", kTorn);
-  workplace.write("none.dxf", "hello\n");
-  workplace.write(
-      "read.py", "import json,sys\n"
-                 "torn, none = json.load(sys.stdin)['drawings']\n"
-                 "print(torn['path'], torn['release'], torn['form'], torn['status'], torn['counts'])\n"
-                 "for f in torn['findings']: print(f['number'], f['kind'], f['id'], f['line'], f['handle'])\n"
-                 "print(none['release'], none['form'], none['status'], none['error'])\n");
-  EXPECT_EQ(workplace.shell("hbhost check torn.dxf none.dxf --json | python3 read.py").out,
-            "torn.dxf AC1015 ascii damaged {'objects': 5, 'errors': 1, 'repairs': 1}\n"
-            "1 error malformed-value 37 20\n"
-            "2 repair end-missing 41 None\n"
-            "None None unreadable none.dxf: line 1: expected a group code, met \"hello\"\n");
-}
-
 } // namespace

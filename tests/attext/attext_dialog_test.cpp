@@ -1,6 +1,6 @@
 // The rules of the dialog, in the order in which a user meets them.
 #include "extraction.h"
-#include <cstdlib>
+#include "support/system.h"
 #include <gmock/gmock.h>
 
 namespace {
@@ -24,9 +24,8 @@ enum Control {
 class AttExtDialog : public Extraction {
 protected:
   AttExtDialog() {
-    setenv("HOME", path("").c_str(), 1);
-    unsetenv("XDG_CONFIG_HOME");
     std::filesystem::create_directories(path("Documents"));
+    test::setDocumentsFolder(path("Documents"));
     setDrawingPath("/home/ann/plan.dwg");
     insert(addBlock(L"Door"), {});
     write("template.txt", "BL:NAME C010000");
@@ -72,7 +71,7 @@ TEST_F(AttExtDialog, SuggestsAnOutputFile) {
   EXPECT_EQ(outputAfter("tick dxf"), document("plan.dxx"));
   EXPECT_EQ(outputAfter("tick dxf\ntick cdf"), document("plan.txt"));
   EXPECT_EQ(outputAfter("set output = x.dwg\ntick sdf"), "x.txt");
-  std::filesystem::remove(path("Documents"));
+  std::filesystem::remove_all(path("Documents"));
   EXPECT_EQ(outputAfter("show"), "/home/ann/plan.txt") << "no documents folder is known";
 }
 
@@ -169,10 +168,10 @@ TEST_F(AttExtDialog, AsksForFiles) {
 }
 
 TEST_F(AttExtDialog, HelpShowsTheContents) {
-  setenv("HBHOST_HELP", path("").c_str(), 1);
+  test::setEnvironment("HBHOST_HELP", path(""));
   write("index.md", "The contents");
   run("press help\npress cancel");
-  unsetenv("HBHOST_HELP");
+  test::setEnvironment("HBHOST_HELP", "");
   EXPECT_THAT(lines.printed, testing::Contains("The contents"));
 }
 

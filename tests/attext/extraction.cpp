@@ -1,5 +1,6 @@
 #include "extraction.h"
 #include "DbLine.h"
+#include "support/system.h"
 #include "sys/library.h"
 #include <fstream>
 #include <gmock/gmock.h>
@@ -62,7 +63,7 @@ std::string Extraction::read(const std::string& name) const {
   if (!exists(name)) return "(none)";
   std::ostringstream text;
   text << std::ifstream(m_folder / name, std::ios::binary).rdbuf();
-  return text.str();
+  return test::withPlainLineEnds(text.str());
 }
 
 host::RunResult Extraction::run(const std::string& dialogLines) {

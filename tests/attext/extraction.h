@@ -23,6 +23,7 @@ protected:
 
   std::string path(const std::string& name) const { return (m_folder / name).string(); }
   void write(const std::string& name, const std::string& text) const;
+  /// A file whose lines end in "\n", whatever the system writes.
   std::string read(const std::string& name) const;
   bool exists(const std::string& name) const { return std::filesystem::exists(m_folder / name); }
 

@@ -1,6 +1,7 @@
 #include "IProfile.h"
 #include "frame/application.h"
 #include "frame/placement.h"
+#include "support/system.h"
 #include "sys/library.h"
 #include <cstdlib>
 #include <filesystem>
@@ -21,7 +22,7 @@ class Placement : public testing::Test {
 protected:
   Placement() {
     std::filesystem::remove(m_file);
-    setenv("HBHOST_PROFILE", m_file.c_str(), 1);
+    test::setEnvironment("HBHOST_PROFILE", m_file);
   }
   ~Placement() override { std::filesystem::remove(m_file); }
 

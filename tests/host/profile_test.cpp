@@ -1,11 +1,11 @@
 // The profile: what is written stays, whoever else writes, and a damaged file harms nothing.
 #include "qkcore/Output.h"
 #include "qkcore/ProfileFile.h"
+#include "support/system.h"
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <thread>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -18,10 +18,8 @@ using testing::IsEmpty;
 
 struct ProfileTest : testing::Test {
   ProfileTest() {
-    const auto* test = testing::UnitTest::GetInstance()->current_test_info();
-    folder =
-        fs::path(testing::TempDir()) / (std::string("profile_") + test->name() + std::to_string(getpid()));
-    fs::create_directories(folder);
+    const auto* info = testing::UnitTest::GetInstance()->current_test_info();
+    folder = test::makeTemporaryFolder(std::string("profile_") + info->name());
     path = folder / "deep" / "profile.json";
     before = host::setOutput([this](const std::string& line) { warnings.push_back(line); });
   }

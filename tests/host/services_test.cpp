@@ -3,11 +3,10 @@
 #include "QkCore.h"
 #include "events5/MessageUser.h"
 #include "qkcore/Output.h"
-#include <cstdlib>
+#include "support/system.h"
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
-#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -17,15 +16,13 @@ using testing::ElementsAre;
 
 struct ServicesTest : testing::Test {
   ServicesTest() {
-    folder = fs::path(testing::TempDir()) / ("services_" + std::to_string(getpid()));
-    fs::create_directories(folder);
     before = host::setOutput([this](const std::string& line) { printed.push_back(line); });
   }
   ~ServicesTest() override {
     host::setOutput(before);
     fs::remove_all(folder);
   }
-  fs::path folder;
+  const fs::path folder = test::makeTemporaryFolder("services");
   host::Output before;
   std::vector<std::string> printed;
 };
@@ -67,14 +64,14 @@ TEST_F(ServicesTest, MessagesGoToTheUser) {
 TEST_F(ServicesTest, HelpShowsTopicsOfItsFolder) {
   std::ofstream(folder / "IDH_AttDef.md") << "# Attdef\nDefines attributes.\n\n";
   std::ofstream(folder / "index.txt") << "Contents";
-  setenv("HBHOST_HELP", folder.c_str(), 1);
+  test::setEnvironment("HBHOST_HELP", folder);
   IHelpService* help = Get_IHelpService();
   EXPECT_TRUE(help->ShowTopic(L"IDH_AttDef", nullptr));
   EXPECT_TRUE(help->ShowTopic(nullptr, nullptr));
   EXPECT_FALSE(help->ShowTopic(L"IDH_None", nullptr));
   EXPECT_FALSE(help->ShowTopic(L"../index", nullptr)) << "topics are no paths";
   help->Release();
-  unsetenv("HBHOST_HELP");
+  test::setEnvironment("HBHOST_HELP", "");
   EXPECT_THAT(printed, ElementsAre("# Attdef\nDefines attributes.", "Contents",
                                    "There is no help on \"IDH_None\".", "There is no help on \"../index\"."));
 }
@@ -83,7 +80,7 @@ TEST_F(ServicesTest, TextsAreTranslatedWhereThereIsATranslation) {
   const fs::path file = folder / "translation.txt";
   std::ofstream(file) << "no line of a translation\nYes=Ja\r\nA\\=B=C\\nD\n=nothing\nLast=Gr\xc3\xb6\xc3\x9f"
                       << "e";
-  setenv("HBHOST_TRANSLATION", file.c_str(), 1);
+  test::setEnvironment("HBHOST_TRANSLATION", file);
   EXPECT_EQ(Supp_Translate(L"Yes"), L"Ja");
   EXPECT_EQ(Supp_Translate("A=B"), L"C\nD");
   EXPECT_EQ(Supp_Translate("Last"), L"Gr\x00f6\x00df"
@@ -92,7 +89,7 @@ TEST_F(ServicesTest, TextsAreTranslatedWhereThereIsATranslation) {
   int window = 0;
   EXPECT_EQ(Supp_Translate(static_cast<void*>(&window)), 0);
   EXPECT_EQ(Supp_GetFont(), nullptr);
-  unsetenv("HBHOST_TRANSLATION");
+  test::setEnvironment("HBHOST_TRANSLATION", "");
 }
 
 } // namespace
