@@ -128,6 +128,9 @@ public:
   virtual MessageAnswer answerMessage(const MessageQuestion& question) = 0;
   /// The path chosen, or null for Cancel.
   virtual const wchar_t* answerFile(const FileQuestion& question) = 0;
+  /// Whether the dialogs are to be seen on the screen, where the module can show windows. Otherwise they are
+  /// in memory only, which is faster and needs no screen.
+  virtual bool needsWindow() const { return true; }
 
 protected:
   ~DialogUser() = default;

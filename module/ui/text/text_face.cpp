@@ -88,8 +88,3 @@ std::optional<OdString> TextFace::askFile(const FileRequest& request) {
 }
 
 } // namespace ui::text
-
-std::unique_ptr<ui::Face> ui::makeFace(unsigned number, std::span<const std::uint8_t> source,
-                                       DialogEvents& events, DialogUser* user) {
-  return std::make_unique<text::TextFace>(number, events, user, res::parseDialog(source, number));
-}

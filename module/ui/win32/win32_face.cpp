@@ -240,8 +240,3 @@ std::optional<OdString> Win32Face::askFile(const FileRequest& request) {
 }
 
 } // namespace ui::win32
-
-std::unique_ptr<ui::Face> ui::makeFace(unsigned number, std::span<const std::uint8_t> source,
-                                       DialogEvents& events, DialogUser* user) {
-  return std::make_unique<win32::Win32Face>(number, source, events, user);
-}

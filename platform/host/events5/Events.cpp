@@ -1,3 +1,4 @@
+#include "Box.h"
 #include "IEventService.h"
 #include "MessageUser.h"
 #include "OdString.h"
@@ -58,7 +59,11 @@ MessageUser* setMessageUser(MessageUser* user) { return std::exchange(g_user, us
 
 IEventService* Get_IEventService() { return new host::EventService; }
 
-int hostMessageBox(void*, const wchar_t* text, const wchar_t* caption, unsigned int style) {
-  if (!host::g_user) return host::printAndAnswer(text, style);
-  return host::g_user->answer(text ? text : L"", caption ? caption : L"", style);
+int hostMessageBox(void* window, const wchar_t* text, const wchar_t* caption, unsigned int style) {
+  if (host::g_user) return host::g_user->answer(text ? text : L"", caption ? caption : L"", style);
+  // Whoever works a window by hand looks at it and not at the console.
+  const std::optional<int> answer =
+      window ? host::showBox(window, text ? text : L"", caption && *caption ? caption : L"hbhost", style)
+             : std::nullopt;
+  return answer ? *answer : host::printAndAnswer(text, style);
 }
