@@ -13,8 +13,8 @@ OdString loadString(unsigned number);
 
 /// Texts are stored in blocks of sixteen: the number of the block that holds a text.
 unsigned stringBlock(unsigned number);
-/// A text out of its block; nothing stands for a block that does not exist. A number without a text, or damage,
-/// throws Error.
+/// A text out of its block; nothing stands for a block that does not exist. A number without a text, or
+/// damage, throws Error.
 OdString stringFrom(std::optional<std::span<const std::uint8_t>> block, unsigned number);
 
 } // namespace res

@@ -45,7 +45,8 @@ Face& Dialog::face() const {
 
 void Dialog::onOpen() {
   if (m_section.isEmpty()) return;
-  if (const auto stored = frame::storedPlacement(m_section, face().isRightControlHeld())) setPlacement(*stored);
+  if (const auto stored = frame::storedPlacement(m_section, face().isRightControlHeld()))
+    setPlacement(*stored);
 }
 
 void Dialog::end(int code) {

@@ -41,8 +41,8 @@ public:
   virtual std::optional<OdString> askFile(const FileRequest& request) = 0;
 };
 
-/// A face for a dialog template in its compiled form, which the number names; its events go to `events`, which
-/// must outlive it, as the template must. `user` is null when nobody was found to work the dialog.
+/// A face for a dialog template in its compiled form, which the number names; its events go to `events`,
+/// which must outlive it, as the template must. `user` is null when nobody was found to work the dialog.
 std::unique_ptr<Face> makeFace(unsigned number, std::span<const std::uint8_t> source, DialogEvents& events,
                                DialogUser* user);
 

@@ -72,8 +72,8 @@ Outcome WorkedDialog::tick(int id, bool on) {
 
 Outcome WorkedDialog::choose(int id, int item) {
   ControlInfo info;
-  const bool holdsItems = control(id, info) &&
-                          (info.kind == ControlKind::comboBox || info.kind == ControlKind::listBox);
+  const bool holdsItems =
+      control(id, info) && (info.kind == ControlKind::comboBox || info.kind == ControlKind::listBox);
   if (holdsItems && !this->item(id, item)) return Outcome::noSuchItem;
   return act(id, {ControlKind::comboBox, ControlKind::listBox}, [&] {
     // Leaving the previous control may have shortened the list.

@@ -1,6 +1,6 @@
 #pragma once
-#include "dialog_user.h"
 #include "OdString.h"
+#include "dialog_user.h"
 #include <functional>
 #include <initializer_list>
 

@@ -61,8 +61,8 @@ TEST_F(DialogTest, ARefusedValueKeepsTheFocusAndThePressIsLost) {
 TEST_F(DialogTest, AMessageIsNoReasonToLeaveAControl) {
   dialog.reactions["change 1027"] = [](ProbeDialog& d) { d.messageBox(L"Text", L"Caption"); };
   run("set template = a\nok\nset template = b\nok\nset output = c\npress cancel");
-  EXPECT_THAT(dialog.events, ElementsAre("init", "change 1027", "change 1027", "leave 1027", "change 1028",
-                                         "leave 1028"));
+  EXPECT_THAT(dialog.events,
+              ElementsAre("init", "change 1027", "change 1027", "leave 1027", "change 1028", "leave 1028"));
 }
 
 TEST_F(DialogTest, AControlThatIsDisabledOrHiddenPassesTheFocusOn) {
@@ -73,8 +73,7 @@ TEST_F(DialogTest, AControlThatIsDisabledOrHiddenPassesTheFocusOn) {
   user.say("set template = a").look(keep).say("set output = b").look(keep);
   run("press cancel");
   EXPECT_THAT(focus, ElementsAre(IDC_ATTEXT_OUTPUT_BUTTON, IDOK));
-  EXPECT_THAT(dialog.events,
-              ElementsAre("init", "change 1027", "leave 1027", "change 1028", "leave 1028"));
+  EXPECT_THAT(dialog.events, ElementsAre("init", "change 1027", "leave 1027", "change 1028", "leave 1028"));
 }
 
 TEST_F(DialogTest, TickingARadioButtonClearsTheOthers) {

@@ -55,7 +55,8 @@ private:
 /// The same place, 40 pixels to the right and below.
 ui::Placement moved(ui::Placement place) {
   for (const std::size_t field : {28u, 32u, 36u, 40u}) {
-    const unsigned value = std::to_integer<unsigned>(place[field]) + 256 * std::to_integer<unsigned>(place[field + 1]) + 40;
+    const unsigned value =
+        std::to_integer<unsigned>(place[field]) + 256 * std::to_integer<unsigned>(place[field + 1]) + 40;
     place[field] = static_cast<std::byte>(value & 0xFF);
     place[field + 1] = static_cast<std::byte>(value >> 8);
   }

@@ -71,8 +71,8 @@ TEST(StringTable, AnUnknownNumberIsNamed) {
 }
 
 OdString textIn(std::span<const std::uint8_t> file, unsigned number) {
-  return res::stringFrom(
-      res::findResource(file, res::ResourceType::stringTable, res::stringBlock(number)), number);
+  return res::stringFrom(res::findResource(file, res::ResourceType::stringTable, res::stringBlock(number)),
+                         number);
 }
 
 /// Reading every beginning of the file either gives the text or a clear error.

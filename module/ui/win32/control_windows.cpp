@@ -30,7 +30,8 @@ LPARAM toParameter(const OdChar* text) { return reinterpret_cast<LPARAM>(text); 
 
 OdString windowText(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
-  text.resize(static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()) + 1)));
   return OdString(std::move(text));
 }
 
@@ -63,8 +64,7 @@ OdString ControlWindow::itemText(int index) const {
 ControlWindows::ControlWindows(const res::DialogTemplate& source, unsigned number) : m_number(number) {
   for (const res::ControlTemplate& control : source.controls) {
     const ControlKind kind = kindOf(number, control);
-    const bool isDefault =
-        kind == ControlKind::button && (control.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    const bool isDefault = kind == ControlKind::button && (control.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
     m_controls.push_back({static_cast<int>(control.id), kind, isDefault, (control.style & WS_GROUP) != 0,
                           control.rect, nullptr});
   }

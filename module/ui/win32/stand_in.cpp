@@ -42,8 +42,7 @@ bool pressButton(HWND box, int id) {
   return true;
 }
 
-StandIn::StandIn(HWND owner, std::function<void(HWND)> answer)
-    : m_owner(owner), m_answer(std::move(answer)) {
+StandIn::StandIn(HWND owner, std::function<void(HWND)> answer) : m_owner(owner), m_answer(std::move(answer)) {
   SetTimer(m_owner, reinterpret_cast<UINT_PTR>(this), tickMilliseconds, &StandIn::tick);
 }
 

@@ -73,9 +73,15 @@ TEST(Window, IsWalkedThroughByTab) {
 
 TEST(Window, ObeysTheMarkedLettersAndTheKeysOfEveryDialog) {
   const std::pair<std::initializer_list<WORD>, const char*> cases[] = {
-      {{VK_MENU, 'D'}, "press 1026"}, {{VK_MENU, 'O'}, "press 1021"}, {{VK_MENU, 'T'}, "press 1022"},
-      {{VK_MENU, 'F'}, "press 1023"}, {{VK_MENU, 'H'}, "help"},       {{VK_F1}, "help"},
-      {{VK_RETURN}, "ok"},            {{VK_DOWN}, "press 1026"},      {{VK_UP}, "press 1024"},
+      {{VK_MENU, 'D'}, "press 1026"},
+      {{VK_MENU, 'O'}, "press 1021"},
+      {{VK_MENU, 'T'}, "press 1022"},
+      {{VK_MENU, 'F'}, "press 1023"},
+      {{VK_MENU, 'H'}, "help"},
+      {{VK_F1}, "help"},
+      {{VK_RETURN}, "ok"},
+      {{VK_DOWN}, "press 1026"},
+      {{VK_UP}, "press 1024"},
   };
   for (const auto& [chord, event] : cases) {
     ProbeDialog dialog;
@@ -152,7 +158,9 @@ std::vector<std::size_t> held() {
   DWORD handles = 0;
   GetProcessHandleCount(process, &handles);
   std::size_t windows = 0;
-  const auto count = [](HWND, LPARAM counter) -> BOOL { return ++*reinterpret_cast<std::size_t*>(counter), TRUE; };
+  const auto count = [](HWND, LPARAM counter) -> BOOL {
+    return ++*reinterpret_cast<std::size_t*>(counter), TRUE;
+  };
   EnumThreadWindows(GetCurrentThreadId(), count, reinterpret_cast<LPARAM>(&windows));
   const HANDLE event = CreateEventW(nullptr, FALSE, FALSE, nullptr);
   CloseHandle(event);
@@ -164,7 +172,9 @@ HandmadeUser* handmadeUser = nullptr;
 
 TEST(Window, AThousandOpeningsLeaveNothing) {
   HandmadeUser user;
-  user.act = [](ui::OpenDialog& d) { d.press(IDC_ATTEXT_SELECT) == ui::Outcome::done && d.escape() == ui::Outcome::done; };
+  user.act = [](ui::OpenDialog& d) {
+    d.press(IDC_ATTEXT_SELECT) == ui::Outcome::done&& d.escape() == ui::Outcome::done;
+  };
   handmadeUser = &user;
   ui::setDialogUserSource(+[]() -> ui::DialogUser* { return handmadeUser; });
   ProbeDialog dialog;
