@@ -6,12 +6,12 @@
 #include "DxfWriter.h"
 #include "dxf_text.h"
 #include "support/drawings.h"
+#include "support/system.h"
 #include "sys/files.h"
 #include <charconv>
 #include <fstream>
 #include <functional>
 #include <gmock/gmock.h>
-#include <malloc.h>
 #include <random>
 
 namespace {
@@ -164,21 +164,6 @@ std::string in(const char* section, const std::string& records) {
          records + dxf("0 ENDSEC|0 EOF");
 }
 
-/// Memory that a call takes at its height, in bytes.
-std::size_t peakMemory(const std::function<void()>& call) {
-  const auto kilobytes = [](const std::string& name) {
-    std::ifstream status("/proc/self/status");
-    for (std::string word; status >> word;)
-      if (std::size_t value = 0; word == name && status >> value) return value;
-    return std::size_t{0};
-  };
-  ::malloc_trim(0);
-  std::ofstream("/proc/self/clear_refs") << "5";
-  const std::size_t before = kilobytes("VmRSS:");
-  call();
-  return (kilobytes("VmHWM:") - before) * 1024;
-}
-
 TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
   constexpr int kMany = 100000, kBytes = 1000000;
   const std::string polyline =
@@ -225,7 +210,7 @@ TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
   };
   for (const auto& [name, text] : cases) {
     SCOPED_TRACE(name);
-    [[maybe_unused]] const std::size_t peak = peakMemory([&bytes = text] { survive(bytes); });
+    [[maybe_unused]] const std::size_t peak = test::peakMemory([&bytes = text] { survive(bytes); });
 #ifndef __SANITIZE_ADDRESS__ // which keeps what was freed
     constexpr std::size_t kFixed = 16 << 20, kPerByte = 80;
     EXPECT_LT(peak, kFixed + kPerByte * text.size());

@@ -11,7 +11,8 @@ EXTRACTIONS = {"cdf": ["--template", "rooms.tpl"], "sdf": ["--template", "rooms.
 
 
 def run(program, arguments, folder):
-    done = subprocess.run([*program, *arguments], cwd=folder, capture_output=True, timeout=120, check=False)
+    done = subprocess.run([*program, *arguments], cwd=folder, stdin=subprocess.DEVNULL, capture_output=True,
+                          timeout=120, check=False)
     return done.returncode, done.stdout, done.stderr
 
 
@@ -53,6 +54,8 @@ def main():
     options = parser.parse_args()
     if not pathlib.Path(options.native).exists():
         sys.exit(f"{options.native} is missing: build the preset linux first")
+    native = [str(pathlib.Path(options.native).resolve())]
+    windows = [str(pathlib.Path(part).resolve()) for part in options.windows]
     options.work.mkdir(parents=True, exist_ok=True)
     drawings = sorted(options.examples.glob("*.dxf")) + sorted((options.examples / "small").glob("*.dxf"))
     for source in [*drawings, options.examples / "rooms.tpl"]:
@@ -60,13 +63,13 @@ def main():
 
     count = written = failures = 0
     for name, arguments, output in jobs(drawings):
-        native, native_file = outcome([options.native], arguments, output, options.work)
-        other, other_file = outcome(options.windows, arguments, output, options.work)
+        told, native_file = outcome(native, arguments, output, options.work)
+        other_told, other_file = outcome(windows, arguments, output, options.work)
         is_text = output == "out.txt"
         count += 1
         written += native_file is not None
-        if native != other:
-            print(f"{name}: {native} became {other}")
+        if told != other_told:
+            print(f"{name}: {told} became {other_told}")
         elif is_text and other_file is not None and other_file.count(b"\n") != other_file.count(b"\r\n"):
             print(f"{name}: lines do not end in CR LF")
         elif plain(native_file, is_text) != plain(other_file, is_text):

@@ -2,6 +2,7 @@
 // What tests need of the operating system.
 #include <cstddef>
 #include <filesystem>
+#include <functional>
 #include <string>
 
 namespace test {
@@ -19,6 +20,10 @@ struct Holdings {
   std::size_t memory = 0;  ///< bytes of its own
 };
 Holdings holdings();
+
+/// Memory that a call takes at its height, in bytes; where the system counts only the height of the whole
+/// process, 0 for a call that stays below it.
+std::size_t peakMemory(const std::function<void()>& call);
 
 /// A new folder for temporary files, with a name that no other process uses.
 std::filesystem::path makeTemporaryFolder(const std::string& name);

@@ -2,7 +2,6 @@
 #include "program.h"
 #include <stdexcept>
 #define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <windows.h>
 
 namespace fs = std::filesystem;

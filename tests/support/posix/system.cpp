@@ -1,6 +1,7 @@
 #include "support/system.h"
 #include <cstdlib>
 #include <fstream>
+#include <malloc.h>
 #include <unistd.h>
 
 const char* const test::kLineEnd = "\n";
@@ -28,4 +29,18 @@ test::Holdings test::holdings() {
   std::ifstream("/proc/self/statm") >> pages >> resident >> shared;
   held.memory = (resident - shared) * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
   return held;
+}
+
+std::size_t test::peakMemory(const std::function<void()>& call) {
+  const auto kilobytes = [](const std::string& name) {
+    std::ifstream status("/proc/self/status");
+    for (std::string word; status >> word;)
+      if (std::size_t value = 0; word == name && status >> value) return value;
+    return std::size_t{0};
+  };
+  ::malloc_trim(0);
+  std::ofstream("/proc/self/clear_refs") << "5";
+  const std::size_t before = kilobytes("VmRSS:");
+  call();
+  return (kilobytes("VmHWM:") - before) * 1024;
 }

@@ -1,7 +1,6 @@
 #include "support/system.h"
 #include <string>
 #define WIN32_LEAN_AND_MEAN
-#define NOMINMAX
 #include <psapi.h>
 #include <windows.h>
 
@@ -21,11 +20,26 @@ void test::setDocumentsFolder(const std::filesystem::path& folder) {
                   REG_EXPAND_SZ, path.c_str(), static_cast<DWORD>((path.size() + 1) * sizeof(wchar_t)));
 }
 
-test::Holdings test::holdings() {
-  DWORD handles = 0;
-  GetProcessHandleCount(GetCurrentProcess(), &handles);
+namespace {
+
+PROCESS_MEMORY_COUNTERS_EX memoryCounters() {
   PROCESS_MEMORY_COUNTERS_EX memory{};
   GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory),
                        sizeof memory);
-  return {handles, memory.PrivateUsage};
+  return memory;
+}
+
+} // namespace
+
+test::Holdings test::holdings() {
+  DWORD handles = 0;
+  GetProcessHandleCount(GetCurrentProcess(), &handles);
+  return {handles, memoryCounters().PrivateUsage};
+}
+
+std::size_t test::peakMemory(const std::function<void()>& call) {
+  const PROCESS_MEMORY_COUNTERS_EX before = memoryCounters();
+  call();
+  const std::size_t height = memoryCounters().PeakPagefileUsage;
+  return height > before.PeakPagefileUsage ? height - before.PrivateUsage : 0;
 }
