@@ -77,7 +77,7 @@ TEST_F(KeptPlacement, IsThatOfDialogsWithASectionOnly) {
   dialog.reactions["press 1021"] = [](ProbeDialog& d) { d.setPlacement(moved(d.placement())); };
   const ui::Placement first = openedAt(dialog, "press select\npress ok");
   EXPECT_EQ(openedAt(dialog, "^C"), first);
-  EXPECT_TRUE(stored().empty());
+  EXPECT_EQ(stored(), QkBlob{});
 }
 
 } // namespace

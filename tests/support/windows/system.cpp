@@ -1,8 +1,9 @@
 #include "support/system.h"
 #include <string>
 #define WIN32_LEAN_AND_MEAN
-#include <psapi.h>
 #include <windows.h>
+
+#include <psapi.h>
 
 const char* const test::kLineEnd = "\r\n";
 const char* const test::kLibrarySuffix = ".dll";
