@@ -24,8 +24,8 @@ public:
   Person& operator=(const Person&) = delete;
 
   /// Keys held down together.
-  Person& strike(std::initializer_list<WORD> chord) {
-    m_chords.emplace_back(chord);
+  Person& strike(std::vector<WORD> chord) {
+    m_chords.push_back(std::move(chord));
     return *this;
   }
 
@@ -72,7 +72,7 @@ TEST(Window, IsWalkedThroughByTab) {
 }
 
 TEST(Window, ObeysTheMarkedLettersAndTheKeysOfEveryDialog) {
-  const std::pair<std::initializer_list<WORD>, const char*> cases[] = {
+  const std::pair<std::vector<WORD>, const char*> cases[] = {
       {{VK_MENU, 'D'}, "press 1026"},
       {{VK_MENU, 'O'}, "press 1021"},
       {{VK_MENU, 'T'}, "press 1022"},
