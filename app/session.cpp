@@ -27,7 +27,10 @@ public:
   SessionRun(const SessionOptions& options, host::Console& console)
       : m_options(options), m_session(console), m_workspace(m_session, options.encoding, options.saving),
         m_commands(m_session, m_workspace) {
-    if (options.byHand) return host::useBoxes();
+    if (options.byHand) {
+      host::useBoxes();
+      return;
+    }
     m_dialogUser.emplace(m_session.input(), console.isTerminal() || options.echo);
     m_session.setDialogUser(static_cast<ui::DialogUser*>(&*m_dialogUser));
   }
