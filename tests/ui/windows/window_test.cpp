@@ -1,5 +1,7 @@
 // What only a real window has: a person at the keyboard, and handles of the system.
 #include "probe_dialog.h"
+#include "support/system.h"
+#include "sys/library.h"
 #include <deque>
 #include <gmock/gmock.h>
 #include <windows.h>
@@ -149,6 +151,38 @@ TEST(Window, StandsWhereItsPlacementSays) {
   dialog.doModal();
   EXPECT_THAT((std::vector<long>{place.left, place.top, place.right, place.bottom}),
               ElementsAre(40, 40, 296, 296));
+}
+
+void strikeRightControl(DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = VK_RCONTROL;
+  input.ki.dwFlags = KEYEVENTF_EXTENDEDKEY | flags;
+  SendInput(1, &input, sizeof input);
+}
+
+TEST(Window, OpensAtItsDefaultPlaceWhileRightControlIsHeld) {
+  std::string error;
+  ASSERT_TRUE(sys::loadLibrary("qkcore", error)) << error;
+  const std::filesystem::path folder = test::makeTemporaryFolder("right-control");
+  test::setEnvironment("HBHOST_PROFILE", folder / "profile.json");
+  ProbeDialog dialog(L"Dialogs\\EAttEdit");
+  ui::Placement opened{};
+  dialog.reactions["init"] = [&](ProbeDialog& d) {
+    opened = d.placement();
+    MoveWindow(static_cast<HWND>(d.window()), 40, 40, 300, 200, FALSE);
+    d.end(1);
+  };
+  const auto open = [&] { return dialog.doModal(), opened; };
+  const ui::Placement byDefault = open();
+  const ui::Placement stored = open();
+  EXPECT_NE(stored, byDefault);
+  strikeRightControl(0);
+  EXPECT_EQ(open(), byDefault);
+  strikeRightControl(KEYEVENTF_KEYUP);
+  EXPECT_EQ(open(), stored);
+  test::setEnvironment("HBHOST_PROFILE", "");
+  std::filesystem::remove_all(folder);
 }
 
 /// What the system holds for this process: its windows, drawing objects and handles; and the windows of this
