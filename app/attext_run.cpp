@@ -77,7 +77,7 @@ private:
 std::string press(int control) { return "press #" + std::to_string(control); }
 
 std::string type(int control, const fs::path& path) {
-  return "set #" + std::to_string(control) + " = \"" + path.string() + "\"";
+  return "set #" + std::to_string(control) + " = \"" + sys::shownPath(path) + "\"";
 }
 
 std::deque<std::string> answersFor(const AttExtJob& job) {

@@ -32,7 +32,7 @@ struct Report {
   const char* status() const {
     if (!isReadable) return "unreadable";
     if (findings.empty()) return "sound";
-    return countFindings(findings).errors > 0 ? "damaged" : "repaired";
+    return countFindings(findings).errors > 0 ? "damaged" : "repairable";
   }
 };
 
@@ -121,7 +121,7 @@ ExitStatus runCheck(const CheckOptions& options) {
   ExitStatus status = kAllRan;
   Json drawings = Json::array();
   for (const std::string& drawing : options.drawings) {
-    const Report report = check(drawing);
+    const Report report = check(sys::pathNamed(drawing));
     if (!report.isReadable)
       status = worse(status, kNotRead);
     else if (!report.findings.empty())

@@ -8,6 +8,7 @@
 #include "module_loader.h"
 #include "progress.h"
 #include "scratch_file.h"
+#include "sys/files.h"
 #include <fstream>
 #include <iostream>
 #include <optional>
@@ -87,7 +88,7 @@ ExitStatus Extraction::run() {
   std::size_t failures = 0;
   for (; m_done < m_outputs.size(); ++m_done) {
     try {
-      extract(m_options.drawings[m_done], m_outputs[m_done]);
+      extract(sys::pathNamed(m_options.drawings[m_done]), m_outputs[m_done]);
     } catch (const ExtractFailure& failure) {
       m_bar.hide();
       std::cerr << "hbhost: " << failure.sentence << '\n';
@@ -134,7 +135,7 @@ void Extraction::chooseSpace(OdDbDatabase& database) const {
 }
 
 void Extraction::extract(const fs::path& drawing, const fs::path& output) {
-  AttExtJob job{read(drawing), drawing, m_options.templatePath, m_options.format, output};
+  AttExtJob job{read(drawing), drawing, sys::pathNamed(m_options.templatePath), m_options.format, output};
   std::optional<ScratchFile> scratch;
   if (toStandardOutput()) job.output = scratch.emplace().path();
   const AttExtResult result = runAttExt(job);
@@ -174,7 +175,7 @@ void Extraction::explainNothing(const AttExtJob& job, const AttExtResult& result
 ExitStatus runExtract(const ExtractOptions& options) {
   std::string error;
   try {
-    if (options.format != ExtractFormat::dxx) checkTemplate(options.templatePath);
+    if (options.format != ExtractFormat::dxx) checkTemplate(sys::pathNamed(options.templatePath));
     Extraction extraction(options);
     if (loadModule(error)) return extraction.run();
     std::cerr << "hbhost: the module cannot be loaded: " << error << '\n';

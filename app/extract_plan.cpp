@@ -18,14 +18,14 @@ constexpr std::string_view kNamePlace = "{name}";
 
 bool isFolder(const std::string& path) {
   std::error_code ignored;
-  return path.ends_with('/') || fs::is_directory(path, ignored);
+  return path.ends_with('/') || fs::is_directory(sys::pathNamed(path), ignored);
 }
 
 /// The output with its {name} places still in it.
 std::string outputPattern(const ExtractOptions& options) {
   if (!isFolder(options.output)) return options.output;
   const char* extension = options.format == ExtractFormat::dxx ? ".dxx" : ".txt";
-  return (fs::path(options.output) / kNamePlace).string() + extension;
+  return sys::shownPath(sys::pathNamed(options.output) / kNamePlace) + extension;
 }
 
 std::string filledIn(std::string pattern, const std::string& name) {
@@ -44,12 +44,12 @@ bool isSameFile(const fs::path& a, const fs::path& b) {
 
 void checkOutput(const fs::path& output, const ExtractOptions& options) {
   // The paths pass through a dialog, which holds text.
-  if (OdString::fromUtf8(output.string()).toUtf8() != output.string())
+  if (OdString::fromUtf8(sys::shownPath(output)).toUtf8() != sys::shownPath(output))
     throw UsageError(shown(output) + ": the name of an output must be UTF-8.");
   for (const std::string& drawing : options.drawings)
-    if (isSameFile(output, drawing))
+    if (isSameFile(output, sys::pathNamed(drawing)))
       throw UsageError(shown(output) + ": --output would overwrite this drawing.");
-  if (isSameFile(output, options.templatePath))
+  if (isSameFile(output, sys::pathNamed(options.templatePath)))
     throw UsageError(shown(output) + ": --output would overwrite the template.");
 }
 
@@ -63,7 +63,7 @@ std::vector<fs::path> planOutputs(const ExtractOptions& options) {
   std::vector<fs::path> outputs;
   std::map<fs::path, std::string> drawings;
   for (const std::string& drawing : options.drawings) {
-    outputs.emplace_back(filledIn(pattern, fs::path(drawing).stem().string()));
+    outputs.push_back(sys::pathNamed(filledIn(pattern, sys::shownPath(sys::pathNamed(drawing).stem()))));
     const auto [other, isNew] = drawings.emplace(outputs.back().lexically_normal(), drawing);
     if (!isNew)
       throw UsageError(other->second + " and " + drawing + " have the same --output " +

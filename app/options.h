@@ -1,7 +1,7 @@
 #pragma once
 #include "drawing_file.h"
 #include "exit_status.h"
-#include "picture/picture.h"
+#include "picture/request.h"
 #include <string>
 #include <vector>
 
@@ -50,7 +50,8 @@ struct Options {
   CheckOptions check;
 };
 
-/// Reads the arguments behind the program's name. Help goes to the standard output, complaints to standard error.
+/// Reads the arguments behind the program's name. Help goes to the standard output, complaints to standard
+/// error.
 Options parseOptions(std::vector<std::string> arguments);
 
 } // namespace app

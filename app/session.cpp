@@ -2,8 +2,10 @@
 #include "dialog_line_user.h"
 #include "drawing_file.h"
 #include "module_loader.h"
+#include "picture_loader.h"
 #include "script_console.h"
 #include "session_commands.h"
+#include "sys/files.h"
 #include "sys/terminal.h"
 #include "terminal_console.h"
 #include <fstream>
@@ -67,7 +69,7 @@ ExitStatus SessionRun::openDrawing() {
     return kAllRan;
   }
   try {
-    m_workspace.open(m_options.drawing, m_options.recover ? Door::recovering : Door::strict);
+    m_workspace.open(sys::pathNamed(m_options.drawing), m_options.recover ? Door::recovering : Door::strict);
     greet(m_workspace.name() + " is open.");
     return kAllRan;
   } catch (const OdError& error) {
@@ -109,7 +111,7 @@ ExitStatus SessionRun::saveAtEnd() {
   const std::string& target = m_options.saveAs.empty() ? m_options.drawing : m_options.saveAs;
   if (!m_options.save && m_options.saveAs.empty()) return kAllRan;
   try {
-    m_workspace.save(target);
+    m_workspace.save(sys::pathNamed(target));
     return kAllRan;
   } catch (const OdError& error) {
     return complain(error.what(), kNotWritten);
@@ -119,7 +121,7 @@ ExitStatus SessionRun::saveAtEnd() {
 ExitStatus SessionRun::drawAtEnd() {
   if (m_options.picture.file.empty()) return kAllRan;
   try {
-    for (const std::string& note : picture::write(*m_session.database(), m_options.picture))
+    for (const std::string& note : drawPicture(*m_session.database(), m_options.picture))
       complain(note + ".", kAllRan);
     return kAllRan;
   } catch (const OdError& error) {
@@ -174,9 +176,9 @@ ExitStatus runSession(const SessionOptions& options) {
   if (options.script.empty() && sys::isTerminal(sys::Stream::in)) return runTerminal(options);
   if (options.script.empty() || options.script == "-") return runScript(options, &std::cin, "standard input");
   std::error_code ignored;
-  if (fs::is_directory(options.script, ignored))
+  if (fs::is_directory(sys::pathNamed(options.script), ignored))
     return complain(options.script + ": Is a directory", kWrongUsage);
-  std::ifstream file(fs::path(options.script), std::ios::binary);
+  std::ifstream file(sys::pathNamed(options.script), std::ios::binary);
   if (!file) return complain(options.script + ": " + std::generic_category().message(errno), kWrongUsage);
   return runScript(options, &file, options.script);
 }

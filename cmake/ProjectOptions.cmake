@@ -51,6 +51,14 @@ if(BLOCKATTR_SANITIZE OR BLOCKATTR_FUZZ)
   add_link_options(-fsanitize=${sanitizers})
 endif()
 
+# hb_exports(PROGRAM): a program that exports its functions, for modules that ask it for them.
+function(hb_exports program)
+  set_target_properties(${program} PROPERTIES ENABLE_EXPORTS ON)
+  if(WIN32)
+    target_link_options(${program} PRIVATE -Wl,--export-all-symbols)
+  endif()
+endfunction()
+
 # What test programs need of one system only stands in a folder of its name.
 if(WIN32)
   set(test_system windows)
@@ -70,7 +78,7 @@ function(hb_test name)
     # A process costs most of a second under Wine, so each program is one test.
     hb_utf8_program(${name})
     add_test(NAME ${name} COMMAND ${name})
-    set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+    set_tests_properties(${name} PROPERTIES TIMEOUT 600 ENVIRONMENT GTEST_BRIEF=1)
   else()
     # The leaks of others are listed there.
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300

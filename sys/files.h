@@ -19,7 +19,11 @@ public:
 /// U+DC80 to U+DCFF.
 std::filesystem::path toPath(std::wstring_view text);
 std::wstring fromPath(const std::filesystem::path& path);
-/// A path as messages show it: in UTF-8, or in its own bytes where file names are bytes.
+/// The path that text outside the wide strings names, such as an argument: UTF-8 on Windows, bytes elsewhere.
+/// What the standard library makes of such text depends on the locale.
+std::filesystem::path pathNamed(std::string_view text);
+/// A path as messages show it: in UTF-8, or in its own bytes where file names are bytes. The inverse of
+/// pathNamed.
 std::string shownPath(const std::filesystem::path& path);
 
 struct FileBytes {

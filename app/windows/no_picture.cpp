@@ -1,15 +1,11 @@
-// In place of app/picture where its libraries are not to be had.
-#include "picture/picture.h"
+// In place of the library for pictures, for which there is no cairo here.
 #include "OdError.h"
+#include "picture_loader.h"
 
-namespace picture {
+namespace app {
 
-std::string fault(const std::string&) { return "this build of hbhost cannot draw pictures"; }
-
-bool parseSize(const std::string&, int&, int&) { return false; }
-
-std::vector<std::string> write(OdDbDatabase&, const Request& request) {
-  throw OdError(eInvalidInput, OdString::fromUtf8(fault(request.file)) + L".");
+std::vector<std::string> drawPicture(OdDbDatabase&, const picture::Request&) {
+  throw OdError(eInvalidInput, L"this build of hbhost cannot draw pictures.");
 }
 
-} // namespace picture
+} // namespace app

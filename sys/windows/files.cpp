@@ -1,4 +1,6 @@
 #include "sys/files.h"
+#include "sys/codepage.h"
+#include "sys/pages.h"
 #include "sys/replacing.h"
 #include "sys/windows/system.h"
 #include <algorithm>
@@ -64,13 +66,14 @@ std::size_t readUpTo(const InputFile& file, const fs::path& path, char* to, std:
   return count;
 }
 
-FileBytes readRegular(const InputFile& file, const fs::path& path, std::size_t size) {
-  void* memory = VirtualAlloc(nullptr, size, MEM_RESERVE | MEM_COMMIT, PAGE_READWRITE);
-  if (!memory) failWith(path, GetLastError());
-  std::shared_ptr<void> owner(memory, [](void* address) { VirtualFree(address, 0, MEM_RELEASE); });
-  auto* bytes = static_cast<char*>(memory);
+FileBytes readRegular(const InputFile& file, const fs::path& path, std::size_t size) try {
+  std::shared_ptr<void> owner(pages().allocate(size),
+                              [size](void* memory) { pages().deallocate(memory, size); });
+  auto* bytes = static_cast<char*>(owner.get());
   const std::size_t count = readUpTo(file, path, bytes, size);
   return {std::move(owner), {bytes, count}};
+} catch (const std::bad_alloc&) {
+  failWith(path, DWORD{ERROR_NOT_ENOUGH_MEMORY});
 }
 
 /// Pipes and devices, whose size nobody knows beforehand.
@@ -92,6 +95,12 @@ FileBytes readStream(const InputFile& file, const fs::path& path) {
 fs::path toPath(std::wstring_view text) { return text; }
 
 std::wstring fromPath(const fs::path& path) { return path.native(); }
+
+fs::path pathNamed(std::string_view text) {
+  std::wstring wide;
+  decodeUtf8(text, wide);
+  return wide;
+}
 
 std::string shownPath(const fs::path& path) { return utf8(path.native()); }
 

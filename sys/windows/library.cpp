@@ -1,5 +1,4 @@
 #include "sys/library.h"
-#include "sys/codepage.h"
 #include "sys/files.h"
 #include "sys/folders.h"
 #include "sys/windows/system.h"
@@ -12,21 +11,15 @@ namespace {
 
 HMODULE moduleOf(Library library) { return static_cast<HMODULE>(library); }
 
-fs::path pathOf(std::string_view name) {
-  std::wstring text;
-  decodeUtf8(name, text);
-  return toPath(text);
-}
-
 } // namespace
 
 std::string libraryFileName(std::string_view name) {
-  const bool hasExtension = pathOf(name).has_extension();
+  const bool hasExtension = pathNamed(name).has_extension();
   return std::string(name) + (hasExtension ? "" : ".dll");
 }
 
 Library loadLibrary(std::string_view nameOrPath, std::string& error) {
-  fs::path file = pathOf(libraryFileName(nameOrPath));
+  fs::path file = pathNamed(libraryFileName(nameOrPath));
   DWORD search = LOAD_LIBRARY_SEARCH_DEFAULT_DIRS;
   std::error_code ignored;
   if (!file.has_parent_path() && fs::exists(programFolder() / file, ignored)) file = programFolder() / file;
@@ -40,7 +33,7 @@ Library loadLibrary(std::string_view nameOrPath, std::string& error) {
 }
 
 Library findLoadedLibrary(std::string_view nameOrPath) {
-  return GetModuleHandleW(pathOf(libraryFileName(nameOrPath)).make_preferred().c_str());
+  return GetModuleHandleW(pathNamed(libraryFileName(nameOrPath)).make_preferred().c_str());
 }
 
 Library libraryHolding(const void* address) {

@@ -77,9 +77,11 @@ TEST(Encoding, IsToldWhereItIsDoubtfulAndCanBeNamed) {
   EXPECT_EQ(extract("plan.dxf", "cp1251"), "'Пр'\n");
   EXPECT_EQ(extract("utf8.dxf", ""), note + "'Ã©'\n");
   EXPECT_EQ(extract("utf8.dxf", "UTF-8"), "'é'\n");
-  EXPECT_THAT(extract("utf8.dxf", "martian"),
-              testing::MatchesRegex("hbhost: --encoding: \"martian\" is no known "
-                                    "encoding; known are UTF-8; .*\n2"));
+  EXPECT_THAT(
+      extract("utf8.dxf", "martian"),
+      testing::AllOf(testing::StartsWith("hbhost: --encoding: \"martian\" is no known encoding; known are "
+                                         "UTF-8; "),
+                     testing::EndsWith("\n2")));
   // A session tells it as well, also where OPEN reads the drawing, and saves what was read.
   EXPECT_EQ(workplace.hbhost({"utf8.dxf", "-c", "?"}).err.substr(0, note.size()), note);
   EXPECT_EQ(workplace.hbhost({}, "OPEN\nutf8.dxf\n").err, note);
@@ -170,10 +172,9 @@ TEST(Extract, FolderTakesOneFileForEachDrawing) {
 
 TEST(Extract, PathsMayHoldAnything) {
   const Workplace workplace;
-  workplace.write("a = \"b\" .tpl", kColumns);
-  const std::string output = " ;ö = x '{}\".txt ";
-  EXPECT_EQ(workplace.hbhost({"extract", "examples/office.dxf", "-t", "a = \"b\" .tpl", "-o", output}).err,
-            "");
+  workplace.write("a = 'b' .tpl", kColumns);
+  const std::string output = " ;ö = \U0001F600 '{}.txt";
+  EXPECT_EQ(workplace.hbhost({"extract", "examples/office.dxf", "-t", "a = 'b' .tpl", "-o", output}).err, "");
   EXPECT_TRUE(workplace.has(output));
 }
 

@@ -24,13 +24,14 @@ TEST_F(FileTest, DrawingsAreReadAndReplaced) {
   const std::string text = smallDrawing();
   const fs::path path = put("drawing \u00E9.dxf", text);
   fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write);
+  const fs::perms permissions = fs::status(path).permissions(); // not every system has all of them
   const OdDbDatabasePtr database = OdDbDatabase::createObject();
   database->readFile(wide(path));
   EXPECT_EQ(database->getFilename(), wide(path));
   OdDbObjectId(database->store().find(0x41)).safeOpenObject(OdDb::kForWrite)->erase();
   database->writeFile(wide(path));
   EXPECT_EQ(textOf(path), test::savedBytes(*database));
-  EXPECT_EQ(fs::status(path).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+  EXPECT_EQ(fs::status(path).permissions(), permissions);
   database->writeFile(wide(m_folder / "copy.dxf"));
   EXPECT_EQ(database->getFilename(), wide(m_folder / "copy.dxf"));
   EXPECT_EQ(names().size(), 2u);
@@ -81,7 +82,8 @@ TEST_F(FileTest, FailedWritingLeavesTheOldFileAlone) {
   const fs::path path = put("drawing.dxf", "old");
   fs::create_directory(m_folder / "folder");
   const OdDbDatabasePtr database = drawingFromText(smallDrawing());
-  EXPECT_EQ(writeError(*database, m_folder / "none" / "x.dxf"), "none/x.dxf: No such file or directory");
+  const fs::path nowhere = fs::path("none") / "x.dxf";
+  EXPECT_EQ(writeError(*database, m_folder / nowhere), nowhere.string() + ": No such file or directory");
   EXPECT_EQ(writeError(*database, m_folder / "folder"), "folder: Is a directory");
   EXPECT_EQ(textOf(path), "old");
   EXPECT_THAT(names(), testing::UnorderedElementsAre("drawing.dxf", "folder"));

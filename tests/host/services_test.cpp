@@ -62,7 +62,7 @@ TEST_F(ServicesTest, MessagesGoToTheUser) {
 }
 
 TEST_F(ServicesTest, HelpShowsTopicsOfItsFolder) {
-  std::ofstream(folder / "IDH_AttDef.md") << "# Attdef\nDefines attributes.\n\n";
+  std::ofstream(folder / "IDH_AttDef.md", std::ios::binary) << "# Attdef\r\nDefines attributes.\r\n\n";
   std::ofstream(folder / "index.txt") << "Contents";
   test::setEnvironment("HBHOST_HELP", folder);
   IHelpService* help = Get_IHelpService();
@@ -78,8 +78,9 @@ TEST_F(ServicesTest, HelpShowsTopicsOfItsFolder) {
 
 TEST_F(ServicesTest, TextsAreTranslatedWhereThereIsATranslation) {
   const fs::path file = folder / "translation.txt";
-  std::ofstream(file) << "no line of a translation\nYes=Ja\r\nA\\=B=C\\nD\n=nothing\nLast=Gr\xc3\xb6\xc3\x9f"
-                      << "e";
+  std::ofstream(file, std::ios::binary)
+      << "no line of a translation\nYes=Ja\r\nA\\=B=C\\nD\n=nothing\nLast=Gr\xc3\xb6\xc3\x9f"
+      << "e";
   test::setEnvironment("HBHOST_TRANSLATION", file);
   EXPECT_EQ(Supp_Translate(L"Yes"), L"Ja");
   EXPECT_EQ(Supp_Translate("A=B"), L"C\nD");

@@ -33,6 +33,7 @@ bool readFile(const fs::path& path, std::string& text) {
   std::ostringstream all;
   all << file.rdbuf();
   text = all.str();
+  std::erase(text, '\r');
   while (!text.empty() && text.back() == '\n') text.pop_back();
   return true;
 }

@@ -1,4 +1,4 @@
-// The report of a check, as another program reads it.
+// Checks by lines of the shell: of many files, and reports as another program reads them.
 #include "program.h"
 #include <gmock/gmock.h>
 
@@ -8,6 +8,13 @@ constexpr char kHead[] = "0\nSECTION\n2\nHEADER\n9\n$ACADVER\n1\nAC1015\n9\n$"
                          "HANDSEED\n5\n100\n0\nENDSEC\n0\nSECTION\n2\nENTITIES\n";
 constexpr char kLine[] = "0\nLINE\n5\n20\n100\nAcDbEntity\n8\n0\n100\nAcDbLine\n10\n0\n20\n0\n11\n1\n21\n1\n";
 const std::string kTorn = std::string(kHead) + kLine + "10\nx\n0\nENDSEC\n";
+
+TEST(Check, TheExamplesAreSound) {
+  const Workplace workplace;
+  const Outcome outcome = workplace.shell("hbhost check examples/*.dxf examples/small/*.dxf");
+  EXPECT_EQ(outcome.status, 0) << outcome.out;
+  EXPECT_THAT(outcome.out, testing::HasSubstr("examples/small/rich_r2018.dxf: sound\n"));
+}
 
 TEST(Check, WritesOneJsonDocument) {
   const Workplace workplace;

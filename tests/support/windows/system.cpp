@@ -3,7 +3,7 @@
 #define WIN32_LEAN_AND_MEAN
 #include <windows.h>
 
-#include <psapi.h>
+#include <psapi.h> // needs the types above
 
 const char* const test::kLineEnd = "\r\n";
 const char* const test::kLibrarySuffix = ".dll";
@@ -41,6 +41,6 @@ test::Holdings test::holdings() {
 std::size_t test::peakMemory(const std::function<void()>& call) {
   const PROCESS_MEMORY_COUNTERS_EX before = memoryCounters();
   call();
-  const std::size_t height = memoryCounters().PeakPagefileUsage;
-  return height > before.PeakPagefileUsage ? height - before.PrivateUsage : 0;
+  const std::size_t height = memoryCounters().PeakWorkingSetSize;
+  return height > before.PeakWorkingSetSize ? height - before.WorkingSetSize : 0;
 }
