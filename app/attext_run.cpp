@@ -53,6 +53,8 @@ public:
   int found() const { return m_found; }
   const std::string& failure() const { return m_failure; }
 
+  /// Many drawings may have their turn, and no screen be there.
+  bool needsWindow() const override { return false; }
   void opened(const ui::OpenDialog& dialog) override {
     ui::ControlInfo count{};
     if (dialog.control(kFound, count)) m_found = static_cast<int>(std::wcstol(count.text, nullptr, 10));

@@ -65,6 +65,8 @@ void addSession(CLI::App& program, SessionOptions& options) {
   program.add_option("--script,-s", options.script, "A file of lines to run, - for the standard input")
       ->option_text("FILE");
   program.add_flag("--echo", options.echo, "Print prompts and answers of scripts as a terminal shows them");
+  program.add_flag("--by-hand", options.byHand,
+                   "Leave dialogs to a person at their windows, where there are windows");
   auto* save = program.add_flag("--save", options.save, "Save the drawing at the end");
   program.add_option("--save-as", options.saveAs, "Save the drawing at the end under this name")
       ->option_text("FILE")

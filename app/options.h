@@ -14,6 +14,7 @@ struct SessionOptions {
   std::vector<std::string> commands; ///< lines that run before the script
   std::string script;                ///< a path, or "-" for the standard input; empty: none
   bool echo = false;                 ///< print the prompts and answers of scripts
+  bool byHand = false;               ///< a person works dialogs at their windows, not the lines
   bool save = false;
   std::string saveAs;
   SavingOptions saving;

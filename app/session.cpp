@@ -10,6 +10,7 @@
 #include "terminal_console.h"
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 namespace fs = std::filesystem;
 
@@ -27,9 +28,13 @@ class SessionRun {
 public:
   SessionRun(const SessionOptions& options, host::Console& console)
       : m_options(options), m_session(console), m_workspace(m_session, options.encoding, options.saving),
-        m_commands(m_session, m_workspace),
-        m_dialogUser(m_session.input(), console.isTerminal() || options.echo) {
-    m_session.setDialogUser(static_cast<ui::DialogUser*>(&m_dialogUser));
+        m_commands(m_session, m_workspace) {
+    if (options.byHand) {
+      host::useBoxes();
+      return;
+    }
+    m_dialogUser.emplace(m_session.input(), console.isTerminal() || options.echo);
+    m_session.setDialogUser(static_cast<ui::DialogUser*>(&*m_dialogUser));
   }
 
   const host::HostSession& session() const { return m_session; }
@@ -49,7 +54,7 @@ private:
   host::HostSession m_session;
   Workspace m_workspace;
   SessionCommands m_commands;
-  DialogLineUser m_dialogUser;
+  std::optional<DialogLineUser> m_dialogUser;
   ExitStatus m_status = kAllRan;
 };
 

@@ -1,8 +1,7 @@
 #include "dialog_template.h"
 #include "byte_reader.h"
-#include "embedded.h"
 #include "error.h"
-#include "resource_file.h"
+#include "module_resources.h"
 #include "styles.h"
 #include <array>
 
@@ -115,10 +114,12 @@ DialogTemplate parseDialog(std::span<const std::uint8_t> bytes, unsigned number)
   return TemplateReader(bytes, number).dialog();
 }
 
-DialogTemplate loadDialog(unsigned number) {
-  const auto bytes = findResource(embedded(), ResourceType::dialog, number);
+std::span<const std::uint8_t> dialogBytes(unsigned number) {
+  const auto bytes = moduleResource(ResourceType::dialog, number);
   if (!bytes) throw Error("the module's resources hold no dialog number " + std::to_string(number));
-  return parseDialog(*bytes, number);
+  return *bytes;
 }
+
+DialogTemplate loadDialog(unsigned number) { return parseDialog(dialogBytes(number), number); }
 
 } // namespace res

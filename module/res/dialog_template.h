@@ -42,7 +42,11 @@ struct DialogTemplate {
   std::vector<ControlTemplate> controls;
 };
 
-/// The module's dialog of that number (IDD_...). A number that has no dialog throws Error, which names it.
+/// The compiled template of the module's dialog of that number (IDD_...). A number that has no dialog throws
+/// Error, which names it.
+std::span<const std::uint8_t> dialogBytes(unsigned number);
+
+/// The same, read.
 DialogTemplate loadDialog(unsigned number);
 
 /// Reads either binary form of a template, the classic and the extended; damage throws Error. `number` names

@@ -36,8 +36,6 @@ Header readHeader(ByteReader& reader) {
   return header;
 }
 
-constexpr unsigned stringsPerBlock = 16;
-
 } // namespace
 
 std::optional<std::span<const std::uint8_t>> findResource(std::span<const std::uint8_t> file,
@@ -50,18 +48,6 @@ std::optional<std::span<const std::uint8_t>> findResource(std::span<const std::u
     if (header.type == static_cast<unsigned>(type) && header.name == number) return data;
   }
   return std::nullopt;
-}
-
-OdString stringFrom(std::span<const std::uint8_t> file, unsigned number) {
-  const auto block = findResource(file, ResourceType::stringTable, number / stringsPerBlock + 1);
-  OdString text;
-  if (block) {
-    ByteReader reader(*block, "the string table at number " + std::to_string(number));
-    for (unsigned i = 0; i < number % stringsPerBlock; ++i) reader.skip(reader.u16() * std::size_t{2});
-    text = reader.text(reader.u16());
-  }
-  if (text.isEmpty()) throw Error("the string table holds no text number " + std::to_string(number));
-  return text;
 }
 
 } // namespace res

@@ -17,6 +17,7 @@
 #define DS_SETFONT 0x40
 #define DS_SHELLFONT 0x48
 #define DS_MODALFRAME 0x80
+#define DS_CENTER 0x0800
 #endif
 
 #ifndef BS_PUSHBUTTON
@@ -31,4 +32,12 @@
 #ifndef ES_AUTOHSCROLL
 #define ES_AUTOHSCROLL 0x0080
 #define ES_READONLY 0x0800
+#endif
+
+#ifndef CBS_DROPDOWNLIST
+#define CBS_DROPDOWNLIST 0x3
+#endif
+
+#ifndef LBS_NOTIFY
+#define LBS_NOTIFY 0x1
 #endif

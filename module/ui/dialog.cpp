@@ -1,5 +1,7 @@
 #include "dialog.h"
 #include "face.h"
+#include "frame/placement.h"
+#include "res/dialog_template.h"
 #include "res/resource.h"
 
 namespace ui {
@@ -22,13 +24,13 @@ void reportPress(DialogEvents& events, int id) {
   }
 }
 
-Dialog::Dialog(unsigned number) : m_number(number) {}
+Dialog::Dialog(unsigned number, OdString section) : m_number(number), m_section(std::move(section)) {}
 
 Dialog::~Dialog() = default;
 
 int Dialog::doModal() {
   if (m_face) throw std::logic_error("dialog " + std::to_string(m_number) + " is shown already");
-  m_face = makeFace(m_number, *this, findDialogUser());
+  m_face = makeFace(m_number, res::dialogBytes(m_number), *this, findDialogUser());
   struct Closing {
     std::unique_ptr<Face>& face;
     ~Closing() { face.reset(); }
@@ -41,7 +43,16 @@ Face& Dialog::face() const {
   return *m_face;
 }
 
-void Dialog::end(int code) { face().end(code); }
+void Dialog::onOpen() {
+  if (m_section.isEmpty()) return;
+  if (const auto stored = frame::storedPlacement(m_section, face().isRightControlHeld()))
+    setPlacement(*stored);
+}
+
+void Dialog::end(int code) {
+  if (!m_section.isEmpty()) frame::savePlacement(m_section, placement());
+  face().end(code);
+}
 
 OdString Dialog::title() const { return face().titleText(); }
 void Dialog::setTitle(const OdString& title) { face().setTitle(title); }

@@ -36,6 +36,8 @@ struct FileRequest {
 /// itself (setText, setChecked, select...) bring none.
 class DialogEvents {
 public:
+  /// The dialog can be placed; comes before onInit.
+  virtual void onOpen() {}
   /// The controls exist with their texts from the template: set them from the data.
   virtual void onInit() {}
   /// A button was pressed, or a check box or radio button ticked by the user (its new state is set).
@@ -63,8 +65,10 @@ protected:
 /// that the template does not have, std::logic_error is thrown.
 class Dialog : public DialogEvents {
 public:
-  /// `number`: the template (IDD_...).
-  explicit Dialog(unsigned number);
+  /// `number`: the template (IDD_...). `section`: where the host's profile keeps the dialog's place from one
+  /// showing to the next ("Dialogs\\EAttEdit"); without one it opens at its default place each time, and so
+  /// it does with the right Control key held down.
+  explicit Dialog(unsigned number, OdString section = {});
   virtual ~Dialog();
   Dialog(const Dialog&) = delete;
   Dialog& operator=(const Dialog&) = delete;
@@ -115,9 +119,11 @@ protected:
   std::optional<OdString> askFile(const FileRequest& request);
 
 private:
+  void onOpen() final;
   Face& face() const;
 
   unsigned m_number;
+  OdString m_section;
   std::unique_ptr<Face> m_face;
 };
 

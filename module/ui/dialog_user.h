@@ -64,7 +64,7 @@ public:
   /// The number of the control that has the focus; 0 for none.
   virtual int focus() const = 0;
 
-  /// Replaces the whole text of an edit.
+  /// Replaces the whole text of an edit. Nothing changes when it is that text already.
   virtual Outcome type(int id, const wchar_t* text) = 0;
   /// Brings a check box or radio button to that state; a radio button cannot be unticked by itself. Nothing
   /// happens when it already is in that state.
@@ -128,6 +128,9 @@ public:
   virtual MessageAnswer answerMessage(const MessageQuestion& question) = 0;
   /// The path chosen, or null for Cancel.
   virtual const wchar_t* answerFile(const FileQuestion& question) = 0;
+  /// Whether the dialogs are to be seen on the screen, where the module can show windows. Otherwise they are
+  /// in memory only, which is faster and needs no screen.
+  virtual bool needsWindow() const { return true; }
 
 protected:
   ~DialogUser() = default;

@@ -1,5 +1,7 @@
 #pragma once
 #include "dialog.h"
+#include <cstdint>
+#include <span>
 
 namespace ui {
 
@@ -33,13 +35,16 @@ public:
   virtual Placement placement() const = 0;
   virtual void setPlacement(const Placement& placement) = 0;
   virtual void* window() const = 0;
+  /// Where there is no keyboard it never is.
+  virtual bool isRightControlHeld() const = 0;
   virtual MessageAnswer messageBox(const MessageQuestion& question) = 0;
   virtual std::optional<OdString> askFile(const FileRequest& request) = 0;
 };
 
-/// A face for the dialog of that number; its events go to `events`, which must outlive it. `user` is null
-/// when nobody was found to work the dialog.
-std::unique_ptr<Face> makeFace(unsigned number, DialogEvents& events, DialogUser* user);
+/// A face for a dialog template in its compiled form, which the number names; its events go to `events`,
+/// which must outlive it, as the template must. `user` is null when nobody was found to work the dialog.
+std::unique_ptr<Face> makeFace(unsigned number, std::span<const std::uint8_t> source, DialogEvents& events,
+                               DialogUser* user);
 
 /// How every face reports a pressed button: OK, Cancel and Help by their own events.
 void reportPress(DialogEvents& events, int id);

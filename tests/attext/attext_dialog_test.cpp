@@ -175,10 +175,4 @@ TEST_F(AttExtDialog, HelpShowsTheContents) {
   EXPECT_THAT(lines.printed, testing::Contains("The contents"));
 }
 
-TEST_F(AttExtDialog, NobodyToAnswerFailsTheCommand) {
-  session.setDialogUser(nullptr);
-  EXPECT_EQ(session.execute(L"AttExt"), host::RunResult::failed);
-  EXPECT_THAT(lastLine(), testing::HasSubstr("cannot be shown: nobody is there to answer it."));
-}
-
 } // namespace

@@ -1,57 +1,15 @@
 // Dialogs from the controller's side, worked through the dialog user.
+#include "probe_dialog.h"
+#include "res/error.h"
 #include "res/resource.h"
 #include "support/dialog_recorder.h"
-#include "ui/dialog.h"
 #include <filesystem>
 #include <fstream>
-#include <functional>
 #include <gmock/gmock.h>
 
 namespace {
 
 using testing::ElementsAre;
-
-/// The extraction template with reactions given by the test; keeps the events in their order.
-class ProbeDialog : public ui::Dialog {
-public:
-  ProbeDialog() : Dialog(IDD_ATTEXT) {}
-
-  std::vector<std::string> events;
-  std::map<std::string, std::function<void(ProbeDialog&)>> reactions;
-
-  // What a dialog class may do is open to the reactions.
-  using Dialog::askFile;
-  using Dialog::enable;
-  using Dialog::end;
-  using Dialog::isChecked;
-  using Dialog::messageBox;
-  using Dialog::placement;
-  using Dialog::setChecked;
-  using Dialog::setFocus;
-  using Dialog::setPlacement;
-  using Dialog::setText;
-  using Dialog::setTitle;
-  using Dialog::show;
-  using Dialog::text;
-
-  void onInit() override { note("init"); }
-  void onPress(int id) override { note("press " + std::to_string(id)); }
-  void onChange(int id) override { note("change " + std::to_string(id)); }
-  void onLeave(int id) override { note("leave " + std::to_string(id)); }
-  void onHelp() override { note("help"); }
-  void onOk() override {
-    if (note("ok")) end(1);
-  }
-
-private:
-  /// Whether the test gave no reaction of its own.
-  bool note(const std::string& event) {
-    events.push_back(event);
-    const auto found = reactions.find(event);
-    if (found != reactions.end()) found->second(*this);
-    return found == reactions.end();
-  }
-};
 
 class DialogTest : public testing::Test {
 protected:
@@ -98,6 +56,24 @@ TEST_F(DialogTest, ARefusedValueKeepsTheFocusAndThePressIsLost) {
   EXPECT_EQ(run("set template = good\npress ok"), 1);
   EXPECT_THAT(dialog.events,
               ElementsAre("init", "change 1027", "leave 1027", "change 1027", "leave 1027", "ok"));
+}
+
+TEST_F(DialogTest, AMessageIsNoReasonToLeaveAControl) {
+  dialog.reactions["change 1027"] = [](ProbeDialog& d) { d.messageBox(L"Text", L"Caption"); };
+  run("set template = a\nok\nset template = b\nok\nset output = c\npress cancel");
+  EXPECT_THAT(dialog.events,
+              ElementsAre("init", "change 1027", "change 1027", "leave 1027", "change 1028", "leave 1028"));
+}
+
+TEST_F(DialogTest, AControlThatIsDisabledOrHiddenPassesTheFocusOn) {
+  dialog.reactions["change 1027"] = [](ProbeDialog& d) { d.enable(IDC_ATTEXT_TEMPLATE, false); };
+  dialog.reactions["change 1028"] = [](ProbeDialog& d) { d.show(IDC_ATTEXT_OUTPUT, false); };
+  std::vector<int> focus;
+  const auto keep = [&](const DialogRecorder::Dialog& d) { focus.push_back(d.focus); };
+  user.say("set template = a").look(keep).say("set output = b").look(keep);
+  run("press cancel");
+  EXPECT_THAT(focus, ElementsAre(IDC_ATTEXT_OUTPUT_BUTTON, IDOK));
+  EXPECT_THAT(dialog.events, ElementsAre("init", "change 1027", "leave 1027", "change 1028", "leave 1028"));
 }
 
 TEST_F(DialogTest, TickingARadioButtonClearsTheOthers) {
@@ -208,6 +184,18 @@ TEST_F(DialogTest, ThePlacementIsTheWindowsRecord) {
   EXPECT_EQ(second[28], std::byte{200});
 }
 
+TEST(DialogWithoutTemplate, IsNamed) {
+  struct Missing : ui::Dialog {
+    Missing() : Dialog(4711) {}
+  };
+  try {
+    Missing().doModal();
+    FAIL();
+  } catch (const res::Error& error) {
+    EXPECT_STREQ(error.what(), "the module's resources hold no dialog number 4711");
+  }
+}
+
 TEST_F(DialogTest, MistakesOfTheDialogClassAreToldAtOnce) {
   EXPECT_THROW(dialog.text(IDC_ATTEXT_OUTPUT), std::logic_error) << "not shown";
   dialog.reactions["init"] = [](ProbeDialog& d) { d.setText(4711, L""); };
@@ -217,22 +205,6 @@ TEST_F(DialogTest, MistakesOfTheDialogClassAreToldAtOnce) {
   dialog.reactions.clear();
   EXPECT_EQ(run("press ok"), 1) << "an exception leaves the dialog closed and usable";
 }
-
-/// A user that does what a test tells it, also what no user should.
-struct HandmadeUser : ui::DialogUser {
-  virtual ~HandmadeUser() = default;
-  std::function<void(ui::OpenDialog&)> act = [](ui::OpenDialog&) {};
-  ui::MessageAnswer answer = ui::MessageAnswer::ok;
-  int turns = 0;
-
-  void opened(const ui::OpenDialog&) override {}
-  void drive(ui::OpenDialog& dialog) override {
-    ++turns;
-    act(dialog);
-  }
-  ui::MessageAnswer answerMessage(const ui::MessageQuestion&) override { return answer; }
-  const wchar_t* answerFile(const ui::FileQuestion&) override { return L""; }
-};
 
 HandmadeUser* handmadeUser = nullptr;
 
@@ -272,14 +244,6 @@ TEST_F(HandmadeUserTest, EnterPressesTheFocusedButtonElseTheDefaultOne) {
   user.act = [](ui::OpenDialog& d) { d.enter(); };
   EXPECT_EQ(dialog.doModal(), 1);
   EXPECT_THAT(dialog.events, ElementsAre("init", "press 1021", "ok", "leave 1028"));
-}
-
-TEST_F(HandmadeUserTest, NobodyToAnswerIsAClearError) {
-  handmadeUser = nullptr;
-  EXPECT_EQ(failure(), "The dialog \"Extract of attributes\" cannot be shown: nobody is there to answer it.");
-  ui::setDialogUserSource(nullptr);
-  EXPECT_EQ(failure(), "The dialog \"Extract of attributes\" cannot be shown: nobody is there to answer it.");
-  EXPECT_TRUE(dialog.events.empty());
 }
 
 TEST_F(HandmadeUserTest, AUserThatDoesNothingCannotHangTheHost) {

@@ -1,7 +1,7 @@
-// The line-oriented user over a text face with every kind of control.
-#include "res/styles.h"
+// The line-oriented user over a dialog with every kind of control.
+#include "everything.h"
 #include "support/dialog_recorder.h"
-#include "ui/text/text_face.h"
+#include "ui/face.h"
 #include <gmock/gmock.h>
 #include <gtest/gtest-spi.h>
 
@@ -10,44 +10,24 @@ namespace {
 using testing::ElementsAre;
 using testing::HasSubstr;
 
-/// A dialog with one of everything; its texts are those of no real dialog.
-res::DialogTemplate everything() {
-  res::DialogTemplate dialog;
-  dialog.caption = L"Every&thing";
-  int y = 0;
-  const auto add = [&](unsigned id, const wchar_t* windowClass, const wchar_t* text, std::uint32_t style = 0,
-                       int x = 7) {
-    if (x == 7) y += 20;
-    dialog.controls.push_back({id, style | WS_VISIBLE | WS_TABSTOP, 0, {x, y, 60, 12}, windowClass, text});
-  };
-  add(20, L"Button", L"Choices", BS_GROUPBOX);
-  dialog.controls.back().rect = {2, 30, 200, 50};
-  add(21, L"Button", L"&Red", BS_AUTORADIOBUTTON | WS_GROUP);
-  add(22, L"Button", L"Dark &red", BS_AUTORADIOBUTTON);
-  add(23, L"Button", L"&Big && bold", BS_AUTOCHECKBOX | WS_GROUP);
-  add(24, L"Static", L"&Name:");
-  add(25, L"Edit", L"", 0, 90);
-  add(26, L"Static", L"Colour:");
-  add(27, L"ComboBox", L"", 0, 90);
-  add(28, L"Static", L"Rows:");
-  add(29, L"ListBox", L"");
-  add(30, L"Edit", L"");
-  add(31, L"Button", L"Browse...");
-  add(32, L"Edit", L"", WS_DISABLED, 90);
-  add(1, L"Button", L"OK", BS_DEFPUSHBUTTON);
-  add(2, L"Button", L"Cancel", BS_PUSHBUTTON, 90);
-  return dialog;
-}
-
 class Probe : public ui::DialogEvents {
 public:
   virtual ~Probe() = default;
-  ui::Face* face = nullptr;
+  std::unique_ptr<ui::Face> face;
   std::vector<std::string> events;
+  std::function<void()> prepare = [] {};
+
+  int run(ui::DialogUser& user, unsigned number = 7) {
+    face = ui::makeFace(number, everythingDialog(number), *this, &user);
+    return face->run();
+  }
+
   void onInit() override {
     for (const wchar_t* item : {L"Red", L"Green", L"Grey", L"By Layer"}) face->addItem(27, item);
     for (const wchar_t* item : {L"first", L"second"}) face->addItem(29, item);
     face->select(27, 0);
+    face->setText(30, L"old");
+    prepare();
   }
   void onPress(int id) override { events.push_back("press " + std::to_string(id)); }
   void onChange(int id) override {
@@ -60,11 +40,7 @@ public:
 
 class LineUserTest : public testing::Test {
 protected:
-  int run() {
-    ui::text::TextFace face(7, probe, &user, everything());
-    probe.face = &face;
-    return face.run();
-  }
+  int run() { return probe.run(user); }
 
   DialogRecorder user;
   Probe probe;
@@ -77,7 +53,7 @@ TEST_F(LineUserTest, PrintsTheDialogAsItLooks) {
   EXPECT_THAT(opened,
               ElementsAre("Every&thing", "  Choices", "    ( ) Red", "    ( ) Dark red", "  [ ] Big & bold",
                           "  Name:  \"\"", "  Colour:  <Red> of Red | Green | Grey | By Layer",
-                          "  Rows:", "  list:", "      1  first", "      2  second", "  \"\" #30",
+                          "  Rows:", "  list:", "      1  first", "      2  second", "  \"old\" #30",
                           "  [Browse...]  \"\" (disabled)", "  [OK]*  [Cancel]"));
   const std::vector<std::string> shown(user.printed().begin() + 16, user.printed().begin() + 25);
   EXPECT_THAT(shown, ElementsAre("    (*) Red", "    ( ) Dark red", "  [x] Big & bold", "  Name:  \"A & B\"",
@@ -93,7 +69,7 @@ TEST_F(LineUserTest, DoesWhatALineSays) {
       {"tick Big & bold", "press 23"},          // a doubled mark is one sign
       {"set Name: = x = y", "change 25 x = y"}, // the first = parts name and value
       {"set name=\" x \"", "change 25  x "},
-      {"set name =", "change 25 "},
+      {"set #30 =", "change 30 "},
       {"set #30 = z", "change 30 z"},
       {"choose colour = green", "change 27 Green"},
       {"choose colour = layer", "change 27 By Layer"},
@@ -140,15 +116,12 @@ TEST_F(LineUserTest, SaysWhyALineCannotBeCarriedOut) {
 }
 
 TEST_F(LineUserTest, AnAmbiguousNameIsToldWithAllItMayMean) {
-  res::DialogTemplate dialog = everything();
-  dialog.controls[1].text = L"Dark blue";
+  probe.prepare = [this] { probe.face->setText(21, L"Dark blue"); };
   user.sayRefused(
       "tick dark",
       "\"dark\" may be \"Dark blue\" or \"Dark red\": write more of the name, or # and its number.");
   user.say("tick #22\n^C");
-  ui::text::TextFace face(7, probe, &user, dialog);
-  probe.face = &face;
-  face.run();
+  run();
   EXPECT_THAT(probe.events, ElementsAre("press 22"));
 }
 
@@ -165,20 +138,16 @@ TEST(LineUserFailure, AnEndOfLinesClosesTheDialog) {
   Probe probe;
   ui::LineUser user([](const OdString&) {},
                     [](const OdString& prompt) -> OdString { throw std::runtime_error(prompt.toUtf8()); });
-  ui::text::TextFace face(7, probe, &user, everything());
-  probe.face = &face;
-  EXPECT_THROW(face.run(), std::runtime_error);
+  EXPECT_THROW(probe.run(user), std::runtime_error);
 }
 
 TEST(DialogRecorderTest, FailsTheTestOnWhatWasNotFoundAsPlanned) {
   const auto run = [](const std::string& lines) {
     DialogRecorder user;
     Probe probe;
-    ui::text::TextFace face(7, probe, &user, everything());
-    probe.face = &face;
     user.say(lines);
     try {
-      face.run();
+      probe.run(user);
     } catch (const std::runtime_error&) {}
   };
   EXPECT_NONFATAL_FAILURE(run("tick red"), "no answer is left for: Every&thing");
@@ -186,15 +155,12 @@ TEST(DialogRecorderTest, FailsTheTestOnWhatWasNotFoundAsPlanned) {
   EXPECT_NONFATAL_FAILURE(run("tick blue\npress cancel"), "\"tick blue\" was refused");
 }
 
-TEST(TextFace, AControlThatItCannotShowIsNamed) {
-  Probe probe;
-  res::DialogTemplate dialog;
-  dialog.controls.push_back({12, WS_VISIBLE, 0, {}, L"SysListView32", L""});
+TEST_F(LineUserTest, AControlThatCannotBeShownIsNamed) {
   try {
-    const ui::text::TextFace face(7, probe, nullptr, dialog);
+    probe.run(user, 8);
     FAIL();
   } catch (const std::logic_error& error) {
-    EXPECT_THAT(error.what(), HasSubstr("dialog 7, control 12"));
+    EXPECT_THAT(error.what(), HasSubstr("dialog 8, control 12: its window class"));
   }
 }
 

@@ -1,6 +1,6 @@
 // The compiled string table and dialog templates, and their readers on damaged input.
 #include "res/dialog_template.h"
-#include "res/embedded.h"
+#include "res/embedded/embedded.h"
 #include "res/error.h"
 #include "res/resource_file.h"
 #include "res/strings.h"
@@ -70,13 +70,18 @@ TEST(StringTable, AnUnknownNumberIsNamed) {
   }
 }
 
+OdString textIn(std::span<const std::uint8_t> file, unsigned number) {
+  return res::stringFrom(res::findResource(file, res::ResourceType::stringTable, res::stringBlock(number)),
+                         number);
+}
+
 /// Reading every beginning of the file either gives the text or a clear error.
 TEST(StringTable, ACutFileIsAnError) {
   const auto file = res::embedded();
   int read = 0;
   for (std::size_t length = 0; length < file.size(); ++length) {
     try {
-      EXPECT_EQ(res::stringFrom(file.first(length), 2475).toUtf8(), "Through");
+      EXPECT_EQ(textIn(file.first(length), 2475).toUtf8(), "Through");
       ++read;
     } catch (const res::Error& error) {
       EXPECT_NE(std::string(error.what()), "");
@@ -93,7 +98,7 @@ TEST(StringTable, DamagedBytesNeverEscapeTheReader) {
     for (const std::uint8_t damage : {0x00, 0xFF, 0x80}) {
       const std::uint8_t whole = std::exchange(bytes[i], damage);
       try {
-        res::stringFrom(bytes, 3202);
+        textIn(bytes, 3202);
       } catch (const res::Error&) {}
       bytes[i] = whole;
     }

@@ -1,37 +1,10 @@
 #include "control_tree.h"
 #include "res/styles.h"
+#include "ui/control_kind.h"
 #include <algorithm>
-#include <stdexcept>
-#include <utility>
 
 namespace ui::text {
 namespace {
-
-[[noreturn]] void refuse(unsigned dialog, unsigned id, const std::string& why) {
-  throw std::logic_error("dialog " + std::to_string(dialog) + ", control " + std::to_string(id) + ": " + why);
-}
-
-ControlKind buttonKind(unsigned dialog, const res::ControlTemplate& source) {
-  switch (source.style & BS_TYPEMASK) {
-  case BS_PUSHBUTTON:
-  case BS_DEFPUSHBUTTON: return ControlKind::button;
-  case BS_AUTOCHECKBOX: return ControlKind::checkBox;
-  case BS_AUTORADIOBUTTON: return ControlKind::radioButton;
-  case BS_GROUPBOX: return ControlKind::group;
-  default: refuse(dialog, source.id, "a button of this style cannot be shown as text");
-  }
-}
-
-ControlKind kindOf(unsigned dialog, const res::ControlTemplate& source) {
-  static const std::pair<const wchar_t*, ControlKind> kinds[] = {{L"Edit", ControlKind::edit},
-                                                                 {L"Static", ControlKind::staticText},
-                                                                 {L"ListBox", ControlKind::listBox},
-                                                                 {L"ComboBox", ControlKind::comboBox}};
-  if (source.windowClass.iCompare(L"Button") == 0) return buttonKind(dialog, source);
-  for (const auto& [name, kind] : kinds)
-    if (source.windowClass.iCompare(name) == 0) return kind;
-  refuse(dialog, source.id, "its window class " + source.windowClass.toUtf8() + " cannot be shown as text");
-}
 
 Control makeControl(unsigned dialog, const res::ControlTemplate& source) {
   Control control;
@@ -61,7 +34,13 @@ Control* ControlTree::find(int id) {
 
 Control& ControlTree::at(int id) {
   if (Control* control = find(id)) return *control;
-  refuse(m_number, static_cast<unsigned>(id), "there is no such control");
+  refuseControl(m_number, static_cast<unsigned>(id), "there is no such control");
+}
+
+Control& ControlTree::listAt(int id) {
+  Control& control = at(id);
+  if (!holdsItems(control.kind)) refuseControl(m_number, static_cast<unsigned>(id), "it holds no items");
+  return control;
 }
 
 ControlTree::Range ControlTree::groupOf(const Control& control) const {
@@ -83,7 +62,7 @@ void ControlTree::check(Control& control, bool on) {
 
 /// In a group of radio buttons Tab stops at the checked one, or at the marked one while none is checked.
 bool ControlTree::stopsTab(const Control& control) const {
-  if (!control.shown || !control.enabled || !control.takesFocus()) return false;
+  if (!control.shown || !control.enabled || !takesFocus(control.kind)) return false;
   if (control.kind != ControlKind::radioButton) return control.tabStop;
   const Range group = groupOf(control);
   const auto first = m_controls.begin();

@@ -20,11 +20,6 @@ struct Control {
   std::vector<OdString> items;
   int selected = -1;
   res::Rect place;
-
-  bool holdsItems() const { return kind == ControlKind::comboBox || kind == ControlKind::listBox; }
-  /// Whether its owner is told when it loses the focus.
-  bool tellsLeave() const { return kind == ControlKind::edit || holdsItems(); }
-  bool takesFocus() const { return kind != ControlKind::staticText && kind != ControlKind::group; }
 };
 
 /// The controls of one dialog in tab order, made from its template.
@@ -40,6 +35,9 @@ public:
   /// As find, for a caller that must know its controls: throws std::logic_error.
   Control& at(int id);
   const Control& at(int id) const { return const_cast<ControlTree*>(this)->at(id); }
+  /// As at, for a combo box or list.
+  Control& listAt(int id);
+  const Control& listAt(int id) const { return const_cast<ControlTree*>(this)->listAt(id); }
 
   /// A checked radio button clears the others of its group: the controls from the last group start up to it
   /// to the next one behind it.

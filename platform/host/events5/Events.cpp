@@ -1,3 +1,4 @@
+#include "Box.h"
 #include "IEventService.h"
 #include "MessageUser.h"
 #include "OdString.h"
@@ -11,6 +12,7 @@ namespace host {
 namespace {
 
 MessageUser* g_user = nullptr;
+bool g_boxes = false;
 
 struct Button {
   int id;
@@ -54,11 +56,17 @@ public:
 
 MessageUser* setMessageUser(MessageUser* user) { return std::exchange(g_user, user); }
 
+void useBoxes() { g_boxes = true; }
+
 } // namespace host
 
 IEventService* Get_IEventService() { return new host::EventService; }
 
-int hostMessageBox(void*, const wchar_t* text, const wchar_t* caption, unsigned int style) {
-  if (!host::g_user) return host::printAndAnswer(text, style);
-  return host::g_user->answer(text ? text : L"", caption ? caption : L"", style);
+int hostMessageBox(void* window, const wchar_t* text, const wchar_t* caption, unsigned int style) {
+  if (host::g_user) return host::g_user->answer(text ? text : L"", caption ? caption : L"", style);
+  if (host::g_boxes)
+    if (const auto answer =
+            host::showBox(window, text ? text : L"", caption && *caption ? caption : L"hbhost", style))
+      return *answer;
+  return host::printAndAnswer(text, style);
 }

@@ -14,4 +14,8 @@ public:
 /// printed and questions answered with their default button.
 MessageUser* setMessageUser(MessageUser* user);
 
+/// From now on messages without a user are boxes of the system, where it has some: whoever works windows by
+/// hand looks at them and not at the console.
+void useBoxes();
+
 } // namespace host
