@@ -2,10 +2,11 @@
 #include "DbArc.h"
 #include "DbLine.h"
 #include "DbOcs.h"
+#include "Ge/GePolylineCurve3d.h"
 #include <algorithm>
 #include <cmath>
 
-ODRX_CONS_DEFINE_MEMBERS(OdDbPolyline, OdDbEntity, "LWPOLYLINE")
+ODRX_CONS_DEFINE_MEMBERS(OdDbPolyline, OdDbCurve, "LWPOLYLINE")
 
 namespace {
 
@@ -291,7 +292,7 @@ OdDbEntityPtr OdDbPolyline::segment(unsigned int index) const {
   return arc;
 }
 
-OdResult OdDbPolyline::explode(OdArray<OdRxObjectPtr>& pieces) const {
+OdResult OdDbPolyline::explode(OdRxObjectPtrArray& pieces) const {
   const unsigned int count = numVerts();
   const OdDbLinePtr properties = OdDbLine::createObject(); // searched for each piece; here that is quick
   properties->setPropertiesFrom(this);
@@ -316,4 +317,19 @@ OdResult OdDbPolyline::getGeomExtents(OdGeExtents3d& extents) const {
       extents.addExt(arc);
   }
   return extents.isValidExtents() ? eOk : eInvalidExtents;
+}
+
+std::unique_ptr<OdGeCurve3d> OdDbPolyline::makeGeCurve() const {
+  const OdGeMatrix3d plane = odDbOcs::toWorld(normal());
+  const double level = elevation();
+  const unsigned int count = numVerts();
+  std::vector<OdGePoint3d> places(count);
+  std::vector<double> bulges(count);
+  for (unsigned int i = 0; i < count; ++i) {
+    places[i] = plane * OdGePoint3d(realAt(i, kX, 0), realAt(i, kY, 0), level);
+    bulges[i] = getBulgeAt(i);
+  }
+  if (std::all_of(bulges.begin(), bulges.end(), [](double bulge) { return bulge == 0; })) bulges.clear();
+  return std::make_unique<OdGePolylineCurve3d>(std::move(places), std::move(bulges), isClosed(),
+                                               plane.getCsZAxis());
 }

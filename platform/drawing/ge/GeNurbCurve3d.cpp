@@ -4,8 +4,9 @@
 #include <array>
 #include <boost/math/quadrature/gauss_kronrod.hpp>
 
-OdGeNurbCurve3d::OdGeNurbCurve3d(int degree, std::vector<double> knots, std::vector<OdGePoint3d> controls,
-                                 std::vector<double> weights, bool periodic)
+OdGeNurbCurve3d::OdGeNurbCurve3d(int degree, const std::vector<double>& knots,
+                                 const std::vector<OdGePoint3d>& controls, const std::vector<double>& weights,
+                                 bool periodic)
     : m_degree(degree), m_isPeriodic(periodic) {
   check(knots, controls, weights);
   const auto order = static_cast<std::size_t>(degree);
@@ -329,6 +330,5 @@ std::unique_ptr<OdGeNurbCurve3d> OdGeNurbCurve3d::through(const std::vector<OdGe
     knots.insert(knots.end(), 3, params[i + 1]);
   }
   knots.push_back(params.back());
-  return std::make_unique<OdGeNurbCurve3d>(3, std::move(knots), std::move(controls), std::vector<double>(),
-                                           isSmoothlyClosed);
+  return std::make_unique<OdGeNurbCurve3d>(3, knots, controls, std::vector<double>(), isSmoothlyClosed);
 }

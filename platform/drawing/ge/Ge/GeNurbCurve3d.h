@@ -10,8 +10,8 @@ public:
   /// Throws eInvalidInput unless 1 <= degree <= kHighestDegree, there are more control points than the degree
   /// and degree + 1 more knots than control points, which do not fall and of which no more than `degree` are
   /// equal inside the curve, and weights are as many as control points, or none, and positive.
-  OdGeNurbCurve3d(int degree, std::vector<double> knots, std::vector<OdGePoint3d> controls,
-                  std::vector<double> weights, bool periodic = false);
+  OdGeNurbCurve3d(int degree, const std::vector<double>& knots, const std::vector<OdGePoint3d>& controls,
+                  const std::vector<double>& weights, bool periodic = false);
   /// The cubic curve through points whose second derivative is continuous; its parameter is the sum of the
   /// distances. Tangents count by their direction; where one is missing or zero, the curve ends without
   /// curvature. A closed curve goes on smoothly through its start and has no use for tangents. Points that
