@@ -227,7 +227,13 @@ TEST(Curves, OffsetsLeadToTheSideThatTheirKindSays) {
   EXPECT_EQ(OdDbCirclePtr(offset(round<OdDbCircle>({0, 0, 0}, 3), 2))->radius(), 5);
   EXPECT_EQ(OdDbArcPtr(offset(arc(3, 0, 1), -2))->radius(), 1);
   EXPECT_EQ(OdDbEllipsePtr(offset(ellipse({0, 3, 0}, 1), 2))->majorAxis(), OdGeVector3d(0, 5, 0));
+  const OdDbPolylinePtr square = polyline({{0, 0, 0}, {4, 0, 0}, {4, 4, 0}, {0, 4, 0}}, true);
+  square->setElevation(3);
+  const OdDbPolylinePtr grown = offset(square, 1);
+  EXPECT_NEAR(lengthOf(*grown), 24, 1e-12);
+  EXPECT_EQ(grown->elevation(), 3);
   OdRxObjectPtrArray none;
+  EXPECT_EQ(square->getOffsetCurves(-2.5, none), eInvalidInput);
   EXPECT_EQ(round<OdDbCircle>({0, 0, 0}, 3)->getOffsetCurves(-3, none), eInvalidInput);
   EXPECT_EQ(source->getOffsetCurves(kNan, none), eInvalidInput);
   EXPECT_EQ(ellipse({3, 0, 0}, 0.5)->getOffsetCurves(1, none), eNotApplicable);
@@ -278,7 +284,9 @@ TEST(Curves, DamagedOnesAnswerWithErrors) {
            "ELLIPSE", space,
            {{100, "AcDbEntity"}, {100, "AcDbEllipse"}, {11, 1.0}, {21, 0.0}, {31, 0.0}, {40, 0.0}}),
        eInvalidInput},
-      {"ellipse without axis", drawing.addRaw("ELLIPSE", space, {{100, "AcDbEntity"}, {100, "AcDbEllipse"}}),
+      {"ellipse without axis",
+       drawing.addRaw("ELLIPSE", space,
+                      {{100, "AcDbEntity"}, {100, "AcDbEllipse"}, {11, 0.0}, {21, 0.0}, {31, 0.0}}),
        eDegenerateGeometry},
       {"circle", drawing.addRaw("CIRCLE", space, {{100, "AcDbEntity"}, {100, "AcDbCircle"}, {40, 0.0}}),
        eDegenerateGeometry},

@@ -3,6 +3,7 @@
 #include "DbLine.h"
 #include "DbOcs.h"
 #include "Ge/GePolylineCurve3d.h"
+#include "Ge/GePolylineOffset.h"
 #include <algorithm>
 #include <cmath>
 
@@ -332,4 +333,31 @@ std::unique_ptr<OdGeCurve3d> OdDbPolyline::makeGeCurve() const {
   if (std::all_of(bulges.begin(), bulges.end(), [](double bulge) { return bulge == 0; })) bulges.clear();
   return std::make_unique<OdGePolylineCurve3d>(std::move(places), std::move(bulges), isClosed(),
                                                plane.getCsZAxis());
+}
+
+OdResult OdDbPolyline::getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const {
+  OdGeFlatPolyline flat;
+  flat.isClosed = isClosed();
+  for (unsigned int i = 0; i < numVerts(); ++i) {
+    flat.points.emplace_back(realAt(i, kX, 0), realAt(i, kY, 0));
+    flat.bulges.push_back(getBulgeAt(i));
+  }
+  std::vector<OdGeFlatPolyline> found;
+  try {
+    found = odGeOffset(flat, distance);
+  } catch (const OdError& error) {
+    return error.code();
+  }
+  for (const OdGeFlatPolyline& each : found) {
+    const OdDbPolylinePtr made = OdDbPolyline::createObject();
+    if (elevation() != 0) made->setElevation(elevation());
+    if (thickness() != 0) made->setThickness(thickness());
+    if (!(normal() == OdGeVector3d::kZAxis) && !normal().isZeroLength()) made->setNormal(normal());
+    if (getConstantWidth() != 0) made->setConstantWidth(getConstantWidth());
+    made->setClosed(each.isClosed);
+    for (unsigned int i = 0; i < each.points.size(); ++i)
+      made->addVertexAt(i, each.points[i], each.bulges[i]);
+    addOffset(made, curves);
+  }
+  return found.empty() ? eInvalidInput : eOk;
 }

@@ -52,6 +52,9 @@ public:
   /// Into lines and arcs.
   OdResult explode(OdRxObjectPtrArray& pieces) const override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  /// Polylines without widths of their own. What comes nearer than the distance is left out, so there can be
+  /// several; eInvalidInput when nothing is left.
+  OdResult getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const override;
   OdDbSchema schema() const override;
   std::unique_ptr<OdGeCurve3d> makeGeCurve() const override;
   void groupsReplaced() override { m_known = false; }
