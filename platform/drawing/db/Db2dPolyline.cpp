@@ -102,7 +102,7 @@ OdGePoint3d OdDb2dPolyline::vertexPosition(const OdDb2dVertex& vertex) const {
 }
 
 OdDbPolylinePtr OdDb2dPolyline::lightweight() const {
-  const OdDbPolylinePtr polyline = OdDbPolyline::createObject();
+  OdDbPolylinePtr polyline = OdDbPolyline::createObject();
   polyline->setPropertiesFrom(this);
   polyline->setElevation(elevation());
   polyline->setThickness(thickness());
