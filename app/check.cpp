@@ -32,7 +32,7 @@ struct Report {
   const char* status() const {
     if (!isReadable) return "unreadable";
     if (findings.empty()) return "sound";
-    return countFindings(findings).errors > 0 ? "damaged" : "repaired";
+    return countFindings(findings).errors > 0 ? "damaged" : "repairable";
   }
 };
 

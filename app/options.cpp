@@ -19,15 +19,16 @@ constexpr char kExtractNotes[] =
     "FOLDER/{name}.txt, or .dxx; - is the standard output. A drawing that fails does not stop the others.";
 
 constexpr char kCheckNotes[] =
-    "A drawing is sound; or \"repaired\", where everything that was found can be put right; or \"damaged\",\n"
-    "where something cannot be or was lost; or unreadable.\n"
+    "A drawing is sound; or \"repairable\", where everything that was found can be put right; or\n"
+    "\"damaged\", where something cannot be or is lost; or unreadable.\n"
     "Exit status: 0 all are sound; 1 something was found; 3 a drawing could not be read.";
 
 void addPicture(CLI::App& program, picture::Request& request) {
   auto* file =
       program.add_option("--picture", request.file, "Draw the drawing at the end: .svg, .png or .pdf");
   const auto isFormat = [](const std::string& name) {
-    return picture::hasKnownFormat(name) ? std::string() : name + ": pictures are .svg, .png or .pdf files";
+    const bool isKnown = picture::formatOf(name) != picture::Format::unknown;
+    return isKnown ? std::string() : name + ": pictures are .svg, .png or .pdf files";
   };
   const auto readSize = [&request](const std::string& size) {
     if (!picture::parseSize(size, request.width, request.height))

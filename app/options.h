@@ -1,7 +1,7 @@
 #pragma once
 #include "drawing_file.h"
 #include "exit_status.h"
-#include "picture/picture.h"
+#include "picture/request.h"
 #include <string>
 #include <vector>
 

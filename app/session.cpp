@@ -2,6 +2,7 @@
 #include "dialog_line_user.h"
 #include "drawing_file.h"
 #include "module_loader.h"
+#include "picture_loader.h"
 #include "script_console.h"
 #include "session_commands.h"
 #include "sys/terminal.h"
@@ -114,7 +115,7 @@ ExitStatus SessionRun::saveAtEnd() {
 ExitStatus SessionRun::drawAtEnd() {
   if (m_options.picture.file.empty()) return kAllRan;
   try {
-    for (const std::string& note : picture::write(*m_session.database(), m_options.picture))
+    for (const std::string& note : drawPicture(*m_session.database(), m_options.picture))
       complain(note + ".", kAllRan);
     return kAllRan;
   } catch (const OdError& error) {

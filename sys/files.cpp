@@ -1,5 +1,6 @@
 #include "sys/files.h"
 #include "sys/codepage.h"
+#include "sys/pages.h"
 #include <cerrno>
 #include <charconv>
 #include <csignal>
@@ -55,13 +56,14 @@ std::size_t readUpTo(const Descriptor& file, const fs::path& path, char* to, std
   return count;
 }
 
-FileBytes readRegular(const Descriptor& file, const fs::path& path, std::size_t size) {
-  void* memory = ::mmap(nullptr, size, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
-  if (memory == MAP_FAILED) failWith(path, errno);
-  std::shared_ptr<void> owner(memory, [size](void* address) { ::munmap(address, size); });
-  auto* bytes = static_cast<char*>(memory);
+FileBytes readRegular(const Descriptor& file, const fs::path& path, std::size_t size) try {
+  std::shared_ptr<void> owner(pages().allocate(size),
+                              [size](void* memory) { pages().deallocate(memory, size); });
+  auto* bytes = static_cast<char*>(owner.get());
   const std::size_t count = readUpTo(file, path, bytes, size);
   return {std::move(owner), {bytes, count}};
+} catch (const std::bad_alloc&) {
+  failWith(path, ENOMEM);
 }
 
 /// Pipes and devices, whose size nobody knows beforehand.

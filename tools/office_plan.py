@@ -74,6 +74,7 @@ class Office:
         self.doc = ezdxf.new("R2018", setup=["linetypes"])
         self.doc.header.custom_vars.append("Projekt", "Bürohaus Süd")
         self.doc.header["$INSUNITS"] = UNITS_MM
+        self.doc.header["$DIMSTYLE"] = "Standard"  # the library names one that it does not make
         self.doc.header["$LTSCALE"] = 40
         self.doc.header["$PSLTSCALE"] = 0  # the same dashes on the sheets as in the floor
         self.doc.header["$LASTSAVEDBY"] = "planner"

@@ -99,6 +99,7 @@ def small_drawing(release: str) -> bytes:
     """The whole file for one release, for instance R2000."""
     doc = ezdxf.new(release)
     doc.header["$INSUNITS"] = 4
+    doc.header["$DIMSTYLE"] = "Standard"  # the library names one that it does not make
     doc.header["$LASTSAVEDBY"] = "tester"
     doc.header.custom_vars.append("Schlüssel", "Wert")
     add_tables(doc)
@@ -121,6 +122,7 @@ def add_tables(doc) -> None:
     doc.layers.add("off", color=3).off()
     doc.layers.add("frozen", color=4).freeze()
     doc.layers.add("locked", color=5).lock()
+    doc.layers.add("VIEWPORTS")  # where the library puts the sheets as viewports show them
     doc.layers.get("Wände").set_xdata(APP, [(1000, "on a layer"), (1071, 123456)])
     doc.linetypes.add("HIDDEN", [9.525, 6.35, -3.175], description="Hidden __ __")
     doc.styles.add("NOTES", font="arial.ttf", dxfattribs={"width": 0.9, "oblique": 10})

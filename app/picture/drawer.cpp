@@ -107,6 +107,7 @@ bool Drawer::drawShown(const OdDbEntity& entity, const Layer& layer, const Scope
     return true;
   }
   if (entity.dxfName() == "IMAGE") omit(entity, "IMAGE beyond its frame");
+  if (entity.dxfName() == "SHAPE") omit(entity, "SHAPE beyond a cross");
   return drawAnnotation(entity, layer, brush, scope) || drawShape(entity.dxfName(), entity, brush);
 }
 

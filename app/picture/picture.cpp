@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <cairo-pdf.h>
 #include <cairo-svg.h>
-#include <charconv>
 #include <cmath>
 
 namespace picture {
@@ -16,19 +15,12 @@ namespace {
 
 constexpr int kUsualWidth = 1600;  // pixels
 constexpr int kUsualHeight = 3200; // at most
-constexpr int kLargest = 20000;    // pixels on a side
 constexpr double kPixelsPerInch = 96;
 constexpr double kPointsPerInch = 72;
 constexpr double kInch = 25.4;
 
-enum class Format { unknown, svg, png, pdf };
-
-Format formatOf(const std::string& file) {
-  const OdString extension(sys::fromPath(std::filesystem::path(file).extension()));
-  if (extension.iCompare(L".svg") == 0) return Format::svg;
-  if (extension.iCompare(L".png") == 0) return Format::png;
-  return extension.iCompare(L".pdf") == 0 ? Format::pdf : Format::unknown;
-}
+/// What the sheet of drawings from before there were layouts is called.
+constexpr const wchar_t* kOldSheet = L"Layout1";
 
 /// A space to draw.
 struct Space {
@@ -65,9 +57,10 @@ Space findSpace(OdDbDatabase& database, const OdString& name) {
   for (const OdDbLayoutPtr& sheet : sheets)
     if (sheet->getLayoutName().iCompare(name) == 0) return {sheet->getBlockTableRecordId(), sheet, false};
   const OdDbObjectId paper = database.getPaperSpaceId();
-  if (sheets.empty() && !paper.isNull() && name.iCompare(L"Layout1") == 0) return {paper, {}, false};
-  throw OdError(eInvalidInput,
-                L"the drawing has no layout \"" + name + L"\"; it has Model" + namesOf(sheets) + L".");
+  const bool hasOldSheet = sheets.empty() && !paper.isNull();
+  if (hasOldSheet && name.iCompare(kOldSheet) == 0) return {paper, {}, false};
+  throw OdError(eInvalidInput, L"the drawing has no layout \"" + name + L"\"; it has Model" +
+                                   (hasOldSheet ? OdString(L", ") + kOldSheet : namesOf(sheets)) + L".");
 }
 
 /// Collects how far a picture reaches.
@@ -233,17 +226,6 @@ std::vector<std::string> notesOn(const Omissions& omissions) {
 }
 
 } // namespace
-
-bool hasKnownFormat(const std::string& file) { return formatOf(file) != Format::unknown; }
-
-bool parseSize(const std::string& text, int& width, int& height) {
-  const char* end = text.data() + text.size();
-  const auto first = std::from_chars(text.data(), end, width);
-  if (first.ec != std::errc() || first.ptr == end || (*first.ptr != 'x' && *first.ptr != 'X')) return false;
-  const auto second = std::from_chars(first.ptr + 1, end, height);
-  const auto isSide = [](int side) { return side > 0 && side <= kLargest; };
-  return second.ec == std::errc() && second.ptr == end && isSide(width) && isSide(height);
-}
 
 std::vector<std::string> write(OdDbDatabase& database, const Request& request) {
   const Format format = formatOf(request.file);

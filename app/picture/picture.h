@@ -1,23 +1,10 @@
 #pragma once
 // Pictures of drawings.
 #include "DbDatabase.h"
-#include <filesystem>
-#include <string>
+#include "request.h"
 #include <vector>
 
 namespace picture {
-
-struct Request {
-  std::string file;   ///< .svg, .png or .pdf
-  std::string layout; ///< its name in UTF-8; empty or "Model": model space
-  int width = 0;      ///< pixels, of which there are 96 on an inch; 0: as wide and high as suits the contents
-  int height = 0;
-};
-
-/// Whether the extension of the file is one that pictures have.
-bool hasKnownFormat(const std::string& file);
-/// Reads "800x600"; false for anything else, and for sizes that no picture can have.
-bool parseSize(const std::string& text, int& width, int& height);
 
 /// Draws a space of the drawing into a file, which appears whole or not at all. Returns sentences about what
 /// the picture does not show. Throws OdError: eInvalidInput for a request that cannot be met (format, name of

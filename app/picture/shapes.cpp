@@ -19,6 +19,16 @@ constexpr double kDegree = OdaPI / 180;
 
 void drawLine(const Fields& line, const Brush& brush) { brush.stroke({line.point(10), line.point(11)}); }
 
+/// What a shape looks like stands in a file of its own, so a cross of its size marks the place.
+void drawShapeMark(const Fields& shape, const Brush& brush) {
+  const OdGePoint3d at = shape.point(10);
+  const double turn = shape.real(50) * kDegree;
+  const OdGeVector3d along = OdGeVector3d(std::cos(turn), std::sin(turn), 0) * (shape.real(40, 1) / 2);
+  const OdGeVector3d across(-along.y, along.x, 0);
+  brush.strokeContinuous({at - along - across, at + along + across});
+  brush.strokeContinuous({at - along + across, at + along - across});
+}
+
 void drawCircle(const Fields& circle, const Brush& brush) {
   const double radius = circle.real(40);
   Points points;
@@ -259,20 +269,12 @@ void drawPoint(const OdDbEntity& entity, const Brush& brush) {
 
 bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& brush) {
   static constexpr Kind kKinds[] = {
-      {"LINE", drawLine},
-      {"CIRCLE", drawCircle},
-      {"ARC", drawArc},
-      {"ELLIPSE", drawEllipse},
-      {"SPLINE", drawSpline},
-      {"HELIX", drawSpline},
-      {"LWPOLYLINE", drawLwPolyline},
-      {"SOLID", drawSolid},
-      {"TRACE", drawSolid},
-      {"3DFACE", drawFace},
-      {"RAY", drawRay},
-      {"XLINE", drawXline},
-      {"MESH", drawMesh},
-      {"HATCH", drawHatch},
+      {"LINE", drawLine},       {"3DLINE", drawLine}, // lines in space were a kind of their own before R11
+      {"CIRCLE", drawCircle},   {"ARC", drawArc},      {"ELLIPSE", drawEllipse},
+      {"SPLINE", drawSpline},   {"HELIX", drawSpline}, {"LWPOLYLINE", drawLwPolyline},
+      {"SHAPE", drawShapeMark}, {"SOLID", drawSolid},  {"TRACE", drawSolid},
+      {"3DFACE", drawFace},     {"RAY", drawRay},      {"XLINE", drawXline},
+      {"MESH", drawMesh},       {"HATCH", drawHatch},
   };
   using DrawEntity = void (*)(const OdDbEntity&, const Brush&);
   static constexpr std::pair<const char*, DrawEntity> kWhole[] = {{"POINT", drawPoint},

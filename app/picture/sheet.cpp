@@ -78,13 +78,8 @@ private:
 };
 
 View viewThrough(const OdDbViewport& viewport, const View& sheet) {
-  constexpr int kFrozenSoft = 331;
-  constexpr int kFrozenHard = 341;
   View view = sheet;
-  const Fields fields(viewport);
-  for (const OdDbGroup& group : fields)
-    if (group.code == kFrozenSoft || group.code == kFrozenHard)
-      view.frozen.insert(viewport.database()->getOdDbObjectId(group.handle));
+  for (const OdDbObjectId& layer : viewport.frozenLayers()) view.frozen.insert(layer);
   // Linetypes look the same on the whole sheet unless the drawing wants them to follow the scale of the
   // viewport.
   if (headerInteger(*viewport.database(), L"$PSLTSCALE", 1) != 0) view.dashScale /= viewport.customScale();

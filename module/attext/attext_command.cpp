@@ -49,7 +49,7 @@ OdDbObjectIdArray collectReferences(const OdDbObjectIdArray& objects) {
     const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.openObject());
     if (reference.isNull()) continue;
     const OdDbObjectId definition = reference->blockTableRecord();
-    if (!definition.openObject().isNull()) inserts.push_back({definition, id});
+    if (!definition.isErased()) inserts.push_back({definition, id});
   }
   // Within a definition the order of selection stays, so that a run can be repeated.
   std::stable_sort(inserts.begin(), inserts.end(),

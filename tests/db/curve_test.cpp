@@ -208,11 +208,12 @@ TEST(Curves, EndlessLinesSayWhatTheyDoNotHave) {
 }
 
 TEST(Curves, OffsetsLeadToTheSideThatTheirKindSays) {
-  const auto offset = [](const OdDbCurvePtr& curve, double distance) {
-    OdRxObjectPtrArray made;
-    EXPECT_EQ(curve->getOffsetCurves(distance, made), eOk);
-    EXPECT_EQ(made.size(), 1u);
-    return made.first();
+  OdRxObjectPtrArray kept;
+  const auto offset = [&kept](const OdDbCurvePtr& curve, double distance) {
+    const unsigned int before = kept.size();
+    EXPECT_EQ(curve->getOffsetCurves(distance, kept), eOk);
+    EXPECT_EQ(kept.size(), before + 1);
+    return kept.last();
   };
   const OdDbLinePtr source = line({0, 0, 0}, {10, 0, 0});
   source->setColorIndex(3);

@@ -11,7 +11,7 @@ namespace {
 const OdGePoint3dArray kTriangle = {{2, 1, 0}, {6, 1, 0}, {2, 4, 0}, {2, 1, 0}};
 
 OdDbWipeoutPtr wipeout(const OdGePoint3dArray& points) {
-  const OdDbWipeoutPtr made = OdDbWipeout::createObject();
+  OdDbWipeoutPtr made = OdDbWipeout::createObject();
   EXPECT_EQ(made->setBoundary(points), eOk);
   return made;
 }

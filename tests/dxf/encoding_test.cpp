@@ -159,6 +159,49 @@ TEST(EncodingTest, HeadersThatDisagreeWithTheirBytesAreNoted) {
   EXPECT_THAT(read("\xEF\xBB\xBF" + drawing("AC1015", "ANSI_1252", {"plain"})).notes, ElementsAre());
 }
 
+TEST(EncodingTest, HeadersOfBinaryDrawingsAreHeldAgainstTheirBytesToo) {
+  const struct {
+    const char* release;
+    const char* page;
+    std::vector<std::string> values;
+    const char* note; ///< "#" stands for the place of the first of them; null: none
+  } cases[] = {
+      {"AC1015", "ANSI_1252", {"plain", "caf\xE9"}, nullptr},
+      {"AC1027", "ANSI_1252", {"caf\xC3\xA9"}, nullptr},
+      {"AC1015",
+       "ANSI_1252",
+       {"plain", "caf\xC3\xA9", "\xE6\x9D\xBF"},
+       "the header names the code page \"ANSI_1252\", but 2 texts beyond ASCII (the first at byte #) are all "
+       "UTF-8; only drawings in text form can be read so"},
+      {"AC1027",
+       "ANSI_1251",
+       {"\xCF\xF0"},
+       "1 text (at byte #) holds bytes that mean nothing in UTF-8, which this release stores; they are kept "
+       "as "
+       "they are"},
+      {"AC1015",
+       "ANSI_1251",
+       {"\x98", "\xCF"},
+       "1 text (at byte #) holds bytes that mean nothing in ANSI_1251; --encoding NAME reads the drawing in "
+       "another"},
+      {"AC1015", "martian", {"plain"}, "the header names the code page \"martian\", which is not known"},
+  };
+  for (const auto& c : cases) {
+    // A number whose bytes would be texts of no encoding, and what stands behind the end, say nothing.
+    std::string text = drawing(c.release, c.page, c.values);
+    text.insert(text.rfind(dxf("0 ENDSEC")), dxf("10 -1.234567e300|70 -2|310 FFFEC3"));
+    const std::string bytes = toBinary(text) + "\xE9\xFF";
+    std::vector<std::string> expected;
+    if (c.note) expected.emplace_back(c.note);
+    std::size_t place = std::string::npos;
+    for (const std::string& value : c.values)
+      if (value != "plain") place = std::min(place, bytes.find(value) - 2);
+    if (const std::size_t at = c.note ? expected[0].find('#') : std::string::npos; at != std::string::npos)
+      expected[0].replace(at, 1, std::to_string(place));
+    EXPECT_EQ(read(bytes).notes, expected) << c.release << " " << c.page;
+  }
+}
+
 TEST(EncodingTest, WhatWasReadInAnotherEncodingIsSavedSoThatItReadsTheSame) {
   struct Case {
     const char* release;

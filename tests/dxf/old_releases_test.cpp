@@ -10,6 +10,7 @@
 #include "DbMText.h"
 #include "DbPolyline.h"
 #include "DbRegAppTable.h"
+#include "DrawingAudit.h"
 #include "DxfWriter.h"
 #include "ReleaseUpgrade.h"
 #include "dxf_text.h"
@@ -197,6 +198,37 @@ TEST(OldReleaseTest, WhatChangedIsWrittenInTheReleasesForm) {
   }
 }
 
+TEST(OldReleaseTest, ChangedRecordsHaveHandlesWhereTheFileHasThem) {
+  // Old programs write handles of entities only, newer ones those of table records as well.
+  const struct {
+    std::string text;
+    bool hasEntityHandles;
+    bool hasTableHandles;
+  } cases[] = {
+      {std::regex_replace(std::regex_replace(oldDrawing(), std::regex("LAYER\r\n  2\r\nWALLS"),
+                                             "LAYER\r\n  5\r\n12\r\n  2\r\nWALLS"),
+                          std::regex("DIMSTYLE\r\n  2\r\nSTAND"), "DIMSTYLE\r\n105\r\n13\r\n  2\r\nSTAND"),
+       true, true},
+      {oldDrawing(), true, false},
+      {oldDrawing("AC1009", false), false, false},
+  };
+  for (const auto& c : cases) {
+    const OdDbDatabasePtr database = drawingFromText(c.text);
+    odDbVisitAll(database->store(), [](OdDbStub* stub) {
+      if (stub->raw) OdDbObjectId(stub).safeOpenObject(OdDb::kForWrite)->mutableGroups();
+    });
+    const std::string saved = savedBytes(*database);
+    EXPECT_EQ(describe(*drawingFromText(saved)), describe(*drawingFromText(c.text)));
+    EXPECT_EQ(saved.find(dxf("5 47")) != std::string::npos, c.hasEntityHandles);
+    const OdDbLayerTablePtr layers = database->getLayerTableId().safeOpenObject(OdDb::kForWrite);
+    const OdDbLayerTableRecordPtr added = OdDbLayerTableRecord::createObject();
+    added->setName(L"NEW");
+    layers->add(added);
+    EXPECT_EQ(std::regex_search(savedBytes(*database), std::regex("LAYER\r\n  5\r\n\\w+\r\n  2\r\nNEW")),
+              c.hasTableHandles);
+  }
+}
+
 TEST(OldReleaseTest, WhatAReleaseCannotStoreIsRefusedByName) {
   struct Case {
     std::string text;
@@ -344,6 +376,21 @@ TEST(ReleaseUpgradeTest, DrawingsGetWhatRelease2000Expects) {
     EXPECT_EQ(database->getSysVar(L"$HANDLING"), nullptr);
     EXPECT_LT(saved.find("$ACADVER"), 40u);
   }
+}
+
+TEST(ReleaseUpgradeTest, WhatIsNamedGetsItsRecord) {
+  std::string text = oldDrawing("AC1009", false);
+  text.insert(text.rfind(dxf("0 ENDSEC")), dxf("0 TEXT|8 Nowhere|6 Dots|10 0.0|20 0.0|40 1.0|1 x|7 ROMANS\n"
+                                               "0 LINE|8 A<B|10 0.0|20 0.0|11 1.0|21 0.0"));
+  const OdDbDatabasePtr old = drawingFromText(text);
+  odDbUpgradeTo2000(*old);
+  const OdDbDatabasePtr database = drawingFromText(savedBytes(*old));
+  OdDbDxfFindings findings;
+  odDbAudit(*database, OdDbAuditMode::readOnly, findings);
+  for (const OdDbDxfFinding& finding : findings.take()) ADD_FAILURE() << finding.sentence;
+  const OdDbSymbolTablePtr layers = database->getLayerTableId().safeOpenObject();
+  EXPECT_TRUE(layers->has(L"nowhere"));
+  EXPECT_TRUE(layers->has(L"A_B")) << "the other name is none that release 2000 allows";
 }
 
 TEST(ReleaseUpgradeTest, ViewsLeaveTheExtendedData) {

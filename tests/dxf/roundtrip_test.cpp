@@ -1,6 +1,8 @@
 // What was read comes out again: byte for byte when nobody touched it, group for group when somebody did.
 #include "DbAttribute.h"
 #include "DbBlockReference.h"
+#include "DbBlockTableRecord.h"
+#include "DbLine.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include "dxf_text.h"
@@ -43,6 +45,27 @@ TEST_P(RoundTrip, TouchedObjectsKeepEveryGroup) {
   EXPECT_EQ(after->originalFileVersion(), before->originalFileVersion());
   // Reals in another form, blanks in integers: what a second saving could still change.
   EXPECT_EQ(savedBytes(*after), saved);
+}
+
+TEST(RoundTripTest, RecordNamesKeepTheirBytesWhateverTheyMean) {
+  for (const std::string name : {"BL\xC4\xFFOCK", "A^B", "A\\U+0041", "9Z"}) {
+    const std::string text = entities("0 " + name + "|5 2A|330 1F|8 0");
+    const OdDbDatabasePtr database = drawingFromText(text);
+    OdDbObjectId(database->store().find(0x2A)).openObject(OdDb::kForWrite)->mutableGroups();
+    EXPECT_EQ(savedBytes(*database), text);
+  }
+}
+
+/// Minimal programs tell no release, and not each of their records has a marker.
+TEST(RoundTripTest, BlockRecordsOfAFileWithoutReleaseStayTheOwners) {
+  const std::string text = dxf(
+      "0 SECTION|2 TABLES|0 TABLE|2 LAYER|5 2|0 LAYER|5 10|2 0|0 ENDTAB|0 TABLE|2 BLOCK_RECORD|5 1|"
+      "0 BLOCK_RECORD|5 30|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 A|0 ENDTAB|0 ENDSEC|"
+      "0 SECTION|2 BLOCKS|0 BLOCK|5 31|330 30|8 0|0 ENDBLK|5 32|330 30|8 0|0 ENDSEC|0 EOF");
+  const OdDbDatabasePtr database = drawingFromText(text);
+  OdDbObjectId(database->store().find(0x31)).openObject(OdDb::kForWrite)->mutableGroups();
+  const std::vector<std::string> again = describe(*drawingFromText(savedBytes(*database)));
+  EXPECT_THAT(again, testing::Contains("BLOCK: 5=31 330=30 8='0'"));
 }
 
 TEST(RoundTripTest, LinesBetweenObjectsKeepTheirLook) {
@@ -127,6 +150,15 @@ TEST(RoundTripTest, OnlyChangedHeaderVariablesAreWrittenAnew) {
   EXPECT_EQ(savedBytes(*database), expected);
 }
 
+TEST(RoundTripTest, EntitiesOfABlockWithoutDefinitionStayWhereTheyStood) {
+  std::string text = entities("0 LINE|5 2A|330 30|8 0|0 LINE|5 2B|330 1F|8 0|0 LINE|5 2C|330 30|8 0");
+  const std::size_t at = text.find("ENDTAB", text.find("*Paper_Space"));
+  ASSERT_NE(at, std::string::npos);
+  text.insert(at - 5,
+              dxf("0 BLOCK_RECORD|5 30|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 A"));
+  EXPECT_EQ(savedBytes(*drawingFromText(text)), text);
+}
+
 TEST(RoundTripTest, ErasedObjectsAreLeftOut) {
   const OdDbDatabasePtr database = drawingFromText(smallDrawing());
   for (const OdUInt64 handle : {0x41u, 0x30u, 0x46u, 0x50u})
@@ -173,6 +205,36 @@ TEST(RoundTripTest, EntityOrderOfMixedSpacesSurvivesChanges) {
   for (const char* handle : {"40", "41", "42", "45", "46", "49"})
     places.push_back(saved.find(dxf(std::string("5 ") + handle + "|")));
   EXPECT_TRUE(std::is_sorted(places.begin(), places.end()));
+}
+
+TEST(RoundTripTest, NewSectionsStandBehindThoseThatComeBefore) {
+  const std::string header = dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1032|0 ENDSEC");
+  const std::string novel = dxf("0 SECTION|2 NOVEL|0 THING|1 kept|0 ENDSEC");
+  const std::string tables =
+      dxf("0 SECTION|2 TABLES|0 TABLE|2 BLOCK_RECORD|5 1|70 1|0 BLOCK_RECORD|5 1F|2 *Model_Space|0 ENDTAB|0 "
+          "ENDSEC");
+  const std::string objects = dxf("0 SECTION|2 OBJECTS|0 DICTIONARY|5 C|100 AcDbDictionary|0 ENDSEC");
+  const std::string classes = dxf("0 SECTION|2 CLASSES|0 ENDSEC");
+  const std::string comment = dxf("999 a remark");
+  const struct {
+    std::string sections;
+    std::vector<std::string> after;
+  } cases[] = {
+      {header + novel + tables + objects, {"HEADER", "NOVEL", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"}},
+      {header + tables + novel + objects, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "NOVEL", "OBJECTS"}},
+      {header + novel + objects, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "NOVEL", "OBJECTS"}},
+      {comment + novel + tables, {"", "HEADER", "NOVEL", "TABLES", "BLOCKS", "ENTITIES"}},
+      {header + tables + objects + classes, {"HEADER", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS", "CLASSES"}},
+  };
+  for (const auto& c : cases) {
+    const OdDbDatabasePtr database = drawingFromText(c.sections + dxf("0 EOF"));
+    const OdDbBlockTableRecordPtr space = database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+    space->appendOdDbEntity(OdDbLine::createObject());
+    const OdDbDatabasePtr after = drawingFromText(savedBytes(*database));
+    std::vector<std::string> names;
+    for (const OdDbSection& section : after->store().sections) names.push_back(section.name);
+    EXPECT_EQ(names, c.after);
+  }
 }
 
 TEST(BlankDrawingTest, HasTheStandardRecordsAndStaysAsItIs) {

@@ -151,7 +151,7 @@ SEEN_BY_TAGS: Dict[str, Edit] = {
     "the order of groups": swap_groups("ATTRIB", (40, "2.5")),
     "a comment": drop_groups("SECTION", (999, "a comment between records"), 1),
     "the time of creation": change("SECTION", 40, "2451545.0", "2451546.0", "$TDCREATE"),
-    "the table's own count": change("TABLE", 70, "6", "9", "LAYER"),
+    "the table's own count": change("TABLE", 70, "7", "9", "LAYER"),
 }
 
 

@@ -17,7 +17,9 @@ TEST(Drawer, ShapesOfEntities) {
     std::vector<std::string> parts;
   } cases[] = {
       {"0 LINE\n8 0\n10 1\n20 2\n11 3\n21 4", {"line 1,2 3,4"}},
+      {"0 3DLINE\n8 0\n10 1\n20 2\n30 0\n11 3\n21 4\n31 5", {"line 1,2 3,4"}},
       {"0 POINT\n8 0\n10 1\n20 2", {"line 1,2"}},
+      {"0 SHAPE\n8 0\n10 1\n20 2\n40 2\n2 DIODE\n50 90", {"line 2,1 0,3", "line 0,1 2,3"}},
       {"0 SOLID\n8 0\n10 0\n20 0\n11 2\n21 0\n12 0\n22 1\n13 2\n23 1", {"area 0,0 2,0 2,1 0,1"}},
       // Seen from below: the plane's X axis runs to the left.
       {"0 SOLID\n8 0\n10 0\n20 0\n11 2\n21 0\n12 0\n22 1\n210 0\n220 0\n230 -1", {"area 0,0 -2,0 0,1 0,1"}},

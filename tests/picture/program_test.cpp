@@ -90,6 +90,7 @@ TEST_F(PictureFile, ComplaintsSayWhatIsWrong) {
       {office + "--picture plan.png --picture-size 0x5", 2, "\"0x5\" is no size in pixels"},
       {office + "--picture plan.png --layout None", 2,
        "no layout \"None\"; it has Model, A3 Grundriss, A4 M"},
+      {"'" EXAMPLES "/small/old_r12.dxf' --picture plan.png --layout None", 2, "it has Model, Layout1."},
       {"empty.dxf --picture plan.png", 4, "there is nothing to draw"},
       {office + "--picture nowhere/plan.png", 4, "nowhere/plan.png: "},
       {office + "--picture . --layout Model", 2, ""},

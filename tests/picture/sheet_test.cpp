@@ -50,6 +50,24 @@ TEST(Sheet, ViewportsShowModelSpace) {
   for (const auto& [viewports, parts] : cases) EXPECT_EQ(drawnSheet(viewports), parts) << viewports;
 }
 
+TEST(Sheet, ViewportsOfOldReleasesKeepTheirViewInExtendedData) {
+  const std::string oldViewport =
+      "0 VIEWPORT\n67 1\n8 0\n10 100\n20 50\n40 40\n41 20\n68 1\n69 2\n1001 ACAD\n"
+      "1000 MVIEW\n1002 {\n1070 16\n1010 5\n1020 0\n1030 0\n"
+      "1010 0\n1020 0\n1030 1\n1040 1.5707963267948966\n1040 10\n1040 1\n1040 2\n";
+  // Scaled by two, turned by a right angle about the target, and then moved.
+  EXPECT_EQ(drawnSheet(oldViewport),
+            (std::vector<std::string>{"clip 80,40 120,40 120,60 80,60", "line 98,36 98,56",
+                                      "line(255 0 0) 98,36 88,36", "unclip",
+                                      "line 80,40 120,40 120,60 80,60 80,40"}));
+  const std::string rest =
+      "1040 50\n1040 0\n1040 0\n1070 0\n1070 100\n1070 1\n1070 0\n1070 0\n1070 0\n1070 0\n"
+      "1070 0\n1040 0\n1040 0\n1040 0\n1040 1\n1040 1\n1040 1\n1040 1\n1070 0\n1002 {\n";
+  EXPECT_EQ(drawnSheet(oldViewport + rest + "1003 red\n1002 }\n1002 }\n"),
+            (std::vector<std::string>{"clip 80,40 120,40 120,60 80,60", "line 98,36 98,56", "unclip",
+                                      "line 80,40 120,40 120,60 80,60 80,40"}));
+}
+
 TEST(Sheet, LayersCanBeFrozenInOneViewport) {
   const OdDbDatabasePtr database = test::drawingFromText(test::drawing(""));
   const auto layers = database->getLayerTableId().openObject();

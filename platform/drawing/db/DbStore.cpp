@@ -2,15 +2,18 @@
 #include "DbDatabase.h"
 #include "DbObject.h"
 #include "DbPolylineSequence.h"
+#include "sys/pages.h"
 #include <algorithm>
 #include <bit>
 
 namespace {
-constexpr std::size_t kStubsPerChunk = 4096;
+constexpr std::size_t kStubsPerChunk = 2048;
 constexpr std::string_view kSeedVariable = "$HANDSEED";
 } // namespace
 
 // --- OdDbHandleIndex ---
+
+OdDbHandleIndex::OdDbHandleIndex() : m_slots(&sys::pages()) {}
 
 std::size_t OdDbHandleIndex::slot(OdUInt64 handle) const {
   // Handles are mostly given out one after another. Eight neighbours share a line of the processor's cache,
@@ -31,7 +34,7 @@ void OdDbHandleIndex::reserve(std::size_t count) {
   while (wanted < count * 2) wanted *= 2;
   if (wanted <= m_slots.size()) return;
   m_shift = 64 - std::countr_zero(wanted / kLine);
-  std::vector<OdDbStub*> old(wanted, nullptr);
+  std::pmr::vector<OdDbStub*> old(wanted, nullptr, m_slots.get_allocator());
   old.swap(m_slots);
   for (OdDbStub* stub : old)
     if (stub) m_slots[slot(stub->handle)] = stub;
@@ -53,9 +56,9 @@ OdDbStore::OdDbStore(OdDbDatabase* owner) : database(owner), undo(*this) {}
 OdDbStore::~OdDbStore() {
   undo.clear();
   // Instances that outlive the drawing keep their groups, but belong to no database any more.
-  for (std::size_t chunk = 0; chunk < m_stubs.size() && m_liveCount > 0; ++chunk)
-    for (std::size_t i = 0; i < kStubsPerChunk; ++i)
-      if (OdDbObject* live = m_stubs[chunk][i].live) {
+  for (auto chunk = m_stubs.begin(); chunk != m_stubs.end() && m_liveCount > 0; ++chunk)
+    for (const OdDbStub& stub : *chunk)
+      if (OdDbObject* live = stub.live) {
         live->groups();
         live->mutableGroupsUnrecorded().own();
         live->detachFromStub();
@@ -119,19 +122,22 @@ OdUInt16 OdDbStore::tableTypeIndex(std::string_view tableName) {
   return index;
 }
 
+void OdDbStore::reserve(std::size_t objectCount) {
+  m_index.reserve(objectCount);
+  if (m_stubs.empty() && objectCount > 0) addChunk(objectCount);
+}
+
+void OdDbStore::addChunk(std::size_t capacity) { m_stubs.emplace_back(&sys::pages()).reserve(capacity); }
+
 OdDbStub* OdDbStore::makeStub(OdUInt16 type, OdUInt64 handle, OdDbStub* owner) {
   if (handle == 0) handle = nextHandle;
-  if (m_stubs.empty() || m_stubsUsed == kStubsPerChunk) {
-    m_stubs.push_back(std::make_unique<OdDbStub[]>(kStubsPerChunk));
-    m_stubsUsed = 0;
-  }
-  OdDbStub* stub = &m_stubs.back()[m_stubsUsed];
+  if (m_stubs.empty() || m_stubs.back().size() == m_stubs.back().capacity()) addChunk(kStubsPerChunk);
+  OdDbStub* stub = &m_stubs.back().emplace_back();
   stub->handle = handle;
   if (!m_index.insert(stub)) {
-    stub->handle = 0;
+    m_stubs.back().pop_back();
     return nullptr;
   }
-  ++m_stubsUsed;
   stub->store = this;
   stub->type = type;
   stub->owner = owner;

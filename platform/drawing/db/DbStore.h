@@ -46,6 +46,7 @@ struct OdDbHeaderVariable {
 /// Hash index from handles to stubs: open addressing, 8 bytes an entry.
 class OdDbHandleIndex {
 public:
+  OdDbHandleIndex();
   OdDbStub* find(OdUInt64 handle) const;
   /// False when the handle is taken.
   bool insert(OdDbStub* stub);
@@ -55,8 +56,8 @@ public:
 private:
   static constexpr std::size_t kLine = 8; ///< slots in a line of the processor's cache
   std::size_t slot(OdUInt64 handle) const;
-  std::vector<OdDbStub*> m_slots; ///< a power of two
-  int m_shift = 0;                ///< leaves as many bits of a hash as there are lines
+  std::pmr::vector<OdDbStub*> m_slots; ///< a power of two
+  int m_shift = 0;                     ///< leaves as many bits of a hash as there are lines
   std::size_t m_count = 0;
 };
 
@@ -82,6 +83,7 @@ public:
   /// oldest releases have neither; objects have handles all the same while the drawing is open.
   bool hasHandles = true;
   bool hasMarkers = true;
+  bool tableRecordsHaveHandles = true; ///< of releases before R13, some files have them and some have not
   bool hasBlockRecords = true; ///< whether they are stored; the oldest releases know blocks by name only
   std::vector<OdDbSection> sections; ///< in file order
   std::string_view tail;             ///< EOF and what follows it, kept
@@ -139,7 +141,8 @@ public:
   void attach(OdDbStub* stub, OdDbObject* object);
   /// The open instance of the stub, made when there is none. The caller owns one reference.
   OdDbObject* open(OdDbStub* stub);
-  void reserve(std::size_t objectCount) { m_index.reserve(objectCount); }
+  /// Makes room for about as many objects.
+  void reserve(std::size_t objectCount);
   std::pmr::memory_resource& arena() { return m_arena; }
 
   // --- names of table records, without regard to case ---
@@ -162,14 +165,15 @@ private:
     void set(OdDbStub* record, std::wstring folded);
   };
   NameIndex& nameIndex(OdDbStub* table);
+  void addChunk(std::size_t capacity);
 
   std::pmr::monotonic_buffer_resource m_arena;
   OdDbHandleIndex m_index;
   std::unordered_map<OdDbStub*, NameIndex> m_names;
   std::map<std::pair<std::string, bool>, OdUInt16, std::less<>> m_typeByName;
   std::vector<OdDbStub*> m_changed; ///< stubs that own groups, for the destructor
-  std::vector<std::unique_ptr<OdDbStub[]>> m_stubs;
-  std::size_t m_stubsUsed = 0;
+  /// None grows beyond its capacity, so that stubs stay where they are.
+  std::vector<std::pmr::vector<OdDbStub>> m_stubs;
   int m_liveCount = 0;
   OdUInt32 m_seedEpoch = 0;
   friend class OdDbStub;

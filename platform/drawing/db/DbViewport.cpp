@@ -1,4 +1,7 @@
 #include "DbViewport.h"
+#include "DbDatabase.h"
+#include "DbOldView.h"
+#include "DbStore.h"
 #include <algorithm>
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbViewport, OdDbEntity, "VIEWPORT")
@@ -17,6 +20,8 @@ enum Code {
   kViewHeight = 45,
   kTwist = 51,
   kFlags = 90,
+  kFrozenSoft = 331,
+  kFrozenHard = 341,
 };
 constexpr int kOffBit = 0x20000;
 constexpr OdDbField kFields[] = {
@@ -28,6 +33,12 @@ constexpr OdDbField kFields[] = {
     {kTwist, OdDbFieldKind::kAngle, true},           {kFlags, OdDbFieldKind::kInt32, true},
 };
 const OdDbSubclass kSection{"AcDbViewport", kFields};
+
+/// The view of an old release, where no group of today tells this part of it.
+std::optional<OdDbOldView> oldView(const OdDbGroupList& groups, int code) {
+  if (odDbGroups::find(groups, kSection, code) >= 0) return {};
+  return odDbOldView(groups);
+}
 } // namespace
 
 OdDbSchema OdDbViewport::schema() const {
@@ -54,13 +65,22 @@ void OdDbViewport::setWidth(double width) { setReal(kSection, kWidth, width); }
 double OdDbViewport::height() const { return real(kSection, kHeight); }
 void OdDbViewport::setHeight(double height) { setReal(kSection, kHeight, height); }
 
-OdGePoint3d OdDbViewport::viewTarget() const { return point(kSection, kTarget); }
+OdGePoint3d OdDbViewport::viewTarget() const {
+  const auto old = oldView(groups(), kTarget);
+  return old ? old->target : point(kSection, kTarget);
+}
 void OdDbViewport::setViewTarget(const OdGePoint3d& target) { setPoint(kSection, kTarget, target); }
-OdGeVector3d OdDbViewport::viewDirection() const { return vector(kSection, kDirection); }
+OdGeVector3d OdDbViewport::viewDirection() const {
+  const auto old = oldView(groups(), kDirection);
+  return old ? old->direction : vector(kSection, kDirection);
+}
 void OdDbViewport::setViewDirection(const OdGeVector3d& direction) {
   setVector(kSection, kDirection, direction);
 }
-OdGePoint2d OdDbViewport::viewCenter() const { return point(kSection, kViewCenter).convert2d(); }
+OdGePoint2d OdDbViewport::viewCenter() const {
+  const auto old = oldView(groups(), kViewCenter);
+  return old ? old->center : point(kSection, kViewCenter).convert2d();
+}
 void OdDbViewport::setViewCenter(const OdGePoint2d& center) {
   setReal(kSection, kViewCenter, center.x);
   OdDbGroupList& list = mutableGroups();
@@ -71,10 +91,28 @@ void OdDbViewport::setViewCenter(const OdGePoint2d& center) {
   else
     list.insert(at, second);
 }
-double OdDbViewport::viewHeight() const { return real(kSection, kViewHeight); }
+double OdDbViewport::viewHeight() const {
+  const auto old = oldView(groups(), kViewHeight);
+  return old ? old->height : real(kSection, kViewHeight);
+}
 void OdDbViewport::setViewHeight(double height) { setReal(kSection, kViewHeight, height); }
-double OdDbViewport::twistAngle() const { return angle(kSection, kTwist); }
+double OdDbViewport::twistAngle() const {
+  const auto old = oldView(groups(), kTwist);
+  return old ? old->twist : angle(kSection, kTwist);
+}
 void OdDbViewport::setTwistAngle(double radians) { setAngle(kSection, kTwist, radians); }
+
+std::vector<OdDbObjectId> OdDbViewport::frozenLayers() const {
+  std::vector<OdDbObjectId> frozen;
+  OdDbStore& store = database()->store();
+  for (const OdDbGroup& group : groups().items)
+    if (group.code == kFrozenSoft || group.code == kFrozenHard)
+      frozen.push_back(database()->getOdDbObjectId(group.handle));
+  if (const auto old = oldView(groups(), kViewHeight))
+    for (const OdString& name : old->frozenLayers)
+      frozen.emplace_back(store.findRecord(store.table("LAYER"), name.str()));
+  return frozen;
+}
 
 OdResult OdDbViewport::transformBy(const OdGeMatrix3d& matrix) {
   assertWriteEnabled();

@@ -20,7 +20,8 @@ public:
   void setHeight(double height);
 
   /// What is seen: the target and the direction towards the eye in world coordinates; the centre and the
-  /// height of the view in view coordinates; its turn about the direction in radians.
+  /// height of the view in view coordinates; its turn about the direction in radians. Viewports of releases
+  /// before 2000 hold all this in their extended data; once one of them is set, it stands in its own group.
   OdGePoint3d viewTarget() const;
   void setViewTarget(const OdGePoint3d& target);
   OdGeVector3d viewDirection() const;
@@ -31,6 +32,8 @@ public:
   void setViewHeight(double height);
   double twistAngle() const;
   void setTwistAngle(double radians);
+  /// The layers that are not shown in this viewport alone.
+  std::vector<OdDbObjectId> frozenLayers() const;
   /// Sheet units per drawing unit.
   double customScale() const { return viewHeight() > 0 ? height() / viewHeight() : 0; }
 

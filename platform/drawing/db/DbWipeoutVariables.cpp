@@ -22,10 +22,10 @@ OdDbWipeoutVariablesPtr OdDbWipeoutVariables::openWipeoutVariables(OdDbDatabase*
                                                                    bool createIfNotFound) {
   const auto names = OdDbDictionary::cast(database->getNamedObjectsDictionaryId().openObject());
   if (names.isNull()) return {};
-  if (const OdDbWipeoutVariablesPtr known = cast(names->getAt(kEntry, mode)); !known.isNull()) return known;
+  if (OdDbWipeoutVariablesPtr known = cast(names->getAt(kEntry, mode)); !known.isNull()) return known;
   if (!createIfNotFound) return {};
   names->upgradeOpen();
-  const OdDbWipeoutVariablesPtr made = createObject();
+  OdDbWipeoutVariablesPtr made = createObject();
   made->addPersistentReactor(names->objectId());
   names->setAt(kEntry, made);
   return made;

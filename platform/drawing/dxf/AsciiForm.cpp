@@ -121,15 +121,18 @@ bool AsciiForm::toInteger(std::string_view text, OdInt64& value) const {
 }
 
 bool AsciiForm::toHandle(std::string_view text, OdUInt64& value) const {
+  constexpr std::size_t kMostDigits = 16;
   text = asciiTrimmed(text);
-  constexpr int kTopDigit = 60;
+  while (text.size() > kMostDigits && text.front() == '0') text.remove_prefix(1);
+  if (text.empty() || text.size() > kMostDigits) return false;
   OdUInt64 handle = 0;
+  unsigned all = 0;
   for (const char c : text) {
     const unsigned digit = kHexDigits[c];
-    if (digit > 15 || handle >> kTopDigit != 0) return false;
+    all |= digit;
     handle = handle << 4 | digit;
   }
-  if (text.empty()) return false;
+  if (all > 15) return false;
   value = handle;
   return true;
 }

@@ -43,7 +43,6 @@ DxfBuilder::DxfBuilder(OdDbStore& store, const DxfText& text, DxfRecordSource& s
 
 void DxfBuilder::build() {
   m_store.version = OdDb::vUnknown;
-  if (!m_store.codec) m_store.codec = OdDbDxfTextCodec::forDrawing(OdDb::vUnknown, "");
   m_store.reserve(m_text.bytes.size() / kTypicalRecord);
   keepComments(m_source.preamble());
   while (next() && m_record.name != "EOF") {
@@ -54,6 +53,7 @@ void DxfBuilder::build() {
   if (m_record.name != "EOF")
     m_text.fail(m_text.bytes.data() + m_text.bytes.size(), "the file ends without EOF");
   m_store.tail = m_source.tail();
+  assumeCodec();
   space(false);
   resolveOwners();
   noteForm();
@@ -85,6 +85,7 @@ void DxfBuilder::readSection() {
   const char* recordEnd = m_record.raw.data() + m_record.raw.size();
   const std::string_view lead(begin, static_cast<std::size_t>(recordEnd - begin));
   noteOrder(name);
+  if (name != "HEADER") assumeCodec();
   if (name == "HEADER")
     readHeader();
   else if (name == "TABLES")
@@ -101,6 +102,10 @@ void DxfBuilder::readSection() {
   m_store.sections.push_back(
       {name, {begin, static_cast<std::size_t>(m_record.place - begin)}, lead, head, foot});
   keepComments(m_record.raw);
+}
+
+void DxfBuilder::assumeCodec() {
+  if (!m_store.codec) m_store.codec = OdDbDxfTextCodec::forDrawing(OdDb::vUnknown, "");
 }
 
 void DxfBuilder::noteOrder(std::string_view name) {
@@ -214,12 +219,13 @@ void DxfBuilder::noteForm() {
   m_store.hasBlockRecords = storesBlockRecords();
   if (dxfStoresBlockRecords(m_store.version)) return;
   m_store.hasHandles = m_hasHandles || integerVariable("$HANDLING") != 0;
+  m_store.tableRecordsHaveHandles = m_tableRecordsHaveHandles;
   const OdDbStub* sample = nullptr;
   if (m_store.version == OdDb::vUnknown)
     odDbVisitAll(m_store, [&sample](const OdDbStub* stub) {
       if (!sample && stub->raw && stub->dxfName() != "TABLE") sample = stub;
     });
-  m_store.hasMarkers = sample && hasMarker(sample);
+  m_store.hasMarkers = m_store.hasBlockRecords || (sample && hasMarker(sample));
 }
 
 void DxfBuilder::finishSeed() {
@@ -256,6 +262,7 @@ void DxfBuilder::readTable() {
     }
     if (m_record.name == "TABLE") fail("table " + name + " is not closed: expected ENDTAB, met TABLE");
     failOutOfPlace();
+    m_tableRecordsHaveHandles |= m_record.handle != 0;
     records->link(makeStub(type(false), table), records->last);
   }
 }

@@ -24,6 +24,8 @@ private:
   // --- sections ---
   void readSection();
   void noteOrder(std::string_view name);
+  /// Gives texts an encoding where no header has told it.
+  void assumeCodec();
   void keepComments(std::string_view raw);
   /// The next record of the section; false at its end. Where the file or another section begins instead,
   /// fails.
@@ -93,7 +95,8 @@ private:
   std::vector<Unresolved> m_unresolved;
   std::unordered_set<std::string> m_tableNames;
   OdDbStub* m_spaces[2] = {};
-  bool m_hasHandles = false;     ///< whether any record of the file has one
+  bool m_hasHandles = false; ///< whether any record of the file has one
+  bool m_tableRecordsHaveHandles = false;
   bool m_handlesAreFree = false; ///< whether the store's next handle is beyond every handle of the file
   OdDbStub* m_blockTable = nullptr;
   OdUInt64 m_largestHandle = 0; ///< of those that are stored, now or in the next file

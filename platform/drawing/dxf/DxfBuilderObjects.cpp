@@ -158,7 +158,9 @@ OdDbStub* DxfBuilder::makeBlockRecord(const OdString& name) {
 
 OdDbStub* DxfBuilder::blockRecordOf(const DxfRecord& block) {
   OdDbStub* owner = m_store.find(block.owner);
-  if (owner && owner->owner == blockTable()) return owner;
+  // Releases that know blocks by name only do not store owners when the block is changed.
+  const bool byOwner = m_store.version == OdDb::vUnknown || dxfStoresBlockRecords(m_store.version);
+  if (byOwner && owner && owner->owner == blockTable()) return owner;
   if (!block.behindTitle) fail("a block has neither a block record (group 330) nor a name (group 2)");
   const OdString name = m_store.codec->decode(block.title);
   if (name.isEmpty()) fail("a block without a block record (group 330) has an empty name (group 2)");

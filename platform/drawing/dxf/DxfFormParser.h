@@ -75,7 +75,7 @@ public:
   OdUInt64 largestHandleAhead() const override;
 
 private:
-  void take(DxfRecord& record, IdentityFinder& identity);
+  void take(DxfRecord& record, OdDbGroupKind kind, OdDbGroup::Flags flags);
   void finish();
   bool isTrue() const {
     OdInt64 value = 0;
@@ -122,7 +122,12 @@ bool DxfFormSource<Form>::next(DxfRecord& record) {
   }
   const char* begin = m_scanner.position();
   IdentityFinder identity;
-  while ((m_pending = m_scanner.next(m_group)) && m_group.code != 0) take(record, identity);
+  while ((m_pending = m_scanner.next(m_group)) && m_group.code != 0) {
+    const OdDbGroup::Flags flags = identity.flagsOf(m_group);
+    const OdDbGroupKind kind = dxfGroups::kKinds[m_group.code];
+    // Most groups are texts, and only the first name of a record matters.
+    if (kind != OdDbGroupKind::kText || (m_group.code == 2 && !record.behindTitle)) take(record, kind, flags);
+  }
   const char* end = m_pending ? m_group.place : m_scanner.position();
   record.raw = std::string_view(begin, static_cast<std::size_t>(end - begin));
   return true;
@@ -135,13 +140,10 @@ void DxfFormSource<Form>::finish() {
 }
 
 template <class Form>
-void DxfFormSource<Form>::take(DxfRecord& record, IdentityFinder& identity) {
-  const OdDbGroup::Flags flags = identity.flagsOf(m_group);
-  const OdDbGroupKind kind = dxfGroups::kKinds[m_group.code];
+void DxfFormSource<Form>::take(DxfRecord& record, OdDbGroupKind kind, OdDbGroup::Flags flags) {
   OdUInt64 handle = 0;
   switch (kind) {
   case OdDbGroupKind::kText:
-    if (m_group.code != 2 || record.behindTitle) return;
     record.title = m_form.trimmed(m_group.value);
     record.behindTitle = m_scanner.position();
     return;

@@ -13,9 +13,10 @@ constexpr int kFollowsCode = 66;
 
 constexpr std::string_view kSectionOrder[] = {"HEADER", "CLASSES", "TABLES", "BLOCKS", "ENTITIES", "OBJECTS"};
 
-std::size_t rankOf(std::string_view section) {
-  return static_cast<std::size_t>(std::find(std::begin(kSectionOrder), std::end(kSectionOrder), section) -
-                                  std::begin(kSectionOrder));
+/// The place of a section in the canonical order; kUnranked for those that the format does not define.
+constexpr std::ptrdiff_t kUnranked = std::size(kSectionOrder);
+std::ptrdiff_t rankOf(std::string_view section) {
+  return std::find(std::begin(kSectionOrder), std::end(kSectionOrder), section) - std::begin(kSectionOrder);
 }
 
 bool isLive(const OdDbStub* stub) { return (stub->flags & (OdDbStub::kErased | OdDbStub::kDetached)) == 0; }
@@ -108,10 +109,24 @@ bool DxfStoreWriter::hasContents(std::string_view section) const {
     return std::any_of(m_store.tables.begin(), m_store.tables.end(),
                        [this](const auto& table) { return isStored(table.first) && isLive(table.second); });
   if (section == "BLOCKS") return std::any_of(m_store.blockOrder.begin(), m_store.blockOrder.end(), isLive);
-  if (section == "ENTITIES")
-    return (m_modelSpace && anyLive(m_modelSpace->children)) ||
-           (m_paperSpace && anyLive(m_paperSpace->children));
+  if (section == "ENTITIES") {
+    const std::vector<const OdDbStub*> records = spaces();
+    return std::any_of(records.begin(), records.end(),
+                       [](const OdDbStub* record) { return anyLive(record->children); });
+  }
   return section == "OBJECTS" && m_store.hasBlockRecords && anyLive(&m_store.objects);
+}
+
+/// Where a section of that rank belongs: behind the last one that ranks before it. Sections that the format
+/// does not define may stand anywhere and say nothing about the place.
+static std::vector<OdDbSection>::iterator placeFor(std::ptrdiff_t rank, std::vector<OdDbSection>& planned) {
+  const auto next = std::find_if(planned.begin(), planned.end(), [rank](const OdDbSection& section) {
+    return rankOf(section.name) > rank && rankOf(section.name) < kUnranked;
+  });
+  for (auto behind = next; behind != planned.begin(); --behind)
+    if (rankOf(std::prev(behind)->name) < rank) return behind;
+  return std::find_if(planned.begin(), planned.end(),
+                      [](const OdDbSection& section) { return !section.name.empty(); });
 }
 
 /// The sections of the file, and those that have become necessary, in their canonical places.
@@ -120,10 +135,7 @@ std::vector<OdDbSection> DxfStoreWriter::plannedSections() const {
   for (const std::string_view name : kSectionOrder) {
     const auto isNamed = [name](const OdDbSection& section) { return section.name == name; };
     if (std::any_of(planned.begin(), planned.end(), isNamed) || !hasContents(name)) continue;
-    const auto behind = std::find_if(planned.begin(), planned.end(), [name](const OdDbSection& section) {
-      return !section.name.empty() && rankOf(section.name) > rankOf(name);
-    });
-    planned.insert(behind, {std::string(name), {}});
+    planned.insert(placeFor(rankOf(name), planned), {std::string(name), {}});
   }
   return planned;
 }
@@ -208,29 +220,53 @@ void DxfStoreWriter::writeBlocks() {
   }
 }
 
-/// Files may mix the entities of both spaces. What was read keeps the order of the file; what has no place
+/// The block records whose entities stand in ENTITIES: both spaces, and those without a definition of their
+/// own, which only careless programs store.
+std::vector<const OdDbStub*> DxfStoreWriter::spaces() const {
+  std::vector<const OdDbStub*> result;
+  const OdDbStub* table = m_store.table("BLOCK_RECORD");
+  const OdDbStubList* records = table ? table->children : nullptr;
+  for (OdDbStub* record = records ? records->first : nullptr; record; record = record->next) {
+    const auto ends = m_store.blockEnds.find(record);
+    const bool isDefined = ends != m_store.blockEnds.end() && ends->second.begin && ends->second.end;
+    const bool isSpace = record == m_modelSpace || record == m_paperSpace;
+    if (isLive(record) && record->children && (isSpace || !isDefined)) result.push_back(record);
+  }
+  return result;
+}
+
+/// Files may mix the entities of the spaces. What was read keeps the order of the file; what has no place
 /// there follows its predecessor.
 void DxfStoreWriter::writeSpaces() {
   struct Queue {
     OdDbStub* next;
-    const char* place;
+    std::size_t order; ///< among those without a place
+    const char* place = nullptr;
     void look() {
       if (next && next->raw) place = next->raw;
     }
   };
-  const auto queueOf = [](const OdDbStub* record) {
-    Queue queue{record && record->children ? record->children->first : nullptr, nullptr};
-    queue.look();
-    return queue;
+  const auto isLater = [](const Queue& a, const Queue& b) {
+    if (a.place != b.place) return std::less<>()(b.place, a.place);
+    return b.order < a.order;
   };
-  Queue model = queueOf(m_modelSpace);
-  Queue paper = queueOf(m_paperSpace);
-  while (model.next || paper.next) {
-    const bool takeModel = model.next && (!paper.next || !std::less<>()(paper.place, model.place));
-    Queue& queue = takeModel ? model : paper;
-    writeEntity(queue.next);
-    queue.next = queue.next->next;
-    queue.look();
+  std::vector<Queue> queues;
+  for (const OdDbStub* record : spaces()) {
+    queues.push_back({record->children->first, queues.size()});
+    queues.back().look();
+  }
+  std::make_heap(queues.begin(), queues.end(), isLater);
+  while (!queues.empty()) {
+    std::pop_heap(queues.begin(), queues.end(), isLater);
+    Queue& queue = queues.back();
+    if (queue.next) {
+      writeEntity(queue.next);
+      queue.next = queue.next->next;
+      queue.look();
+      std::push_heap(queues.begin(), queues.end(), isLater);
+    } else {
+      queues.pop_back();
+    }
   }
 }
 

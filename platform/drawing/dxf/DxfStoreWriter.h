@@ -24,6 +24,7 @@ private:
   void writeClasses(std::string_view asRead);
   void writeTables();
   void writeBlocks();
+  std::vector<const OdDbStub*> spaces() const;
   void writeSpaces();
   void writeList(const OdDbStubList* list);
   void writeEntity(OdDbStub* stub);

@@ -76,7 +76,7 @@ void dxfSettleEncoding(OdDbStore& store, const DxfText& asStored, const OdDbDxfR
     value->append(value->makeBytes(3, sys::CodePage::headerName(sys::CodePage::number(facts.encoding))));
     store.storeHeaderVariable(kCodePageVariable, std::move(value));
   }
-  if (!options.note || asStored.isBinary) return;
+  if (!options.note) return;
   for (const std::string& sentence : dxfCheckText(asStored, facts))
     options.note(OdString::fromUtf8(sentence));
 }

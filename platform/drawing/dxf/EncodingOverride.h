@@ -20,6 +20,6 @@ struct DxfImage {
 DxfImage dxfConvertedImage(const DxfImage& asStored, const DxfText& text);
 
 /// To be called when the file, `asStored` on the disk, has been read. Makes the header name the code page in
-/// which an unconverted drawing before 2007 was read, and hands the notes of dxfCheckText about an ASCII file
-/// to the reader's caller.
+/// which an unconverted drawing before 2007 was read, and hands the notes of dxfCheckText to the reader's
+/// caller.
 void dxfSettleEncoding(OdDbStore& store, const DxfText& asStored, const OdDbDxfReadOptions& options);

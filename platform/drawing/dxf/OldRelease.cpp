@@ -170,9 +170,10 @@ std::string Form::novelty() const {
 bool Form::isStored(const OdDbGroup& group, std::string_view section) const {
   if (group.code >= kFirstXDataCode) return true;
   if (group.flags & OdDbGroup::kOwner) return m_rules > OdDb::vAC12;
-  // Records of tables got handles together with markers.
-  if (group.flags & OdDbGroup::kOwnHandle)
-    return m_stub.store->hasHandles && (isEntity() || m_rules >= OdDb::vAC12);
+  if (group.flags & OdDbGroup::kOwnHandle) {
+    const OdDbStore& store = *m_stub.store;
+    return store.hasHandles && (isEntity() || m_rules >= OdDb::vAC12 || store.tableRecordsHaveHandles);
+  }
   if (group.code == kMarkerCode) return m_rules >= OdDb::vAC12;
   return !late(group, section);
 }

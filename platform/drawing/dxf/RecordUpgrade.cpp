@@ -1,4 +1,5 @@
 #include "RecordUpgrade.h"
+#include "DbOldView.h"
 #include "DbSchema.h"
 #include "SubclassMarkers.h"
 #include <algorithm>
@@ -137,43 +138,6 @@ void countDimensionStyles(const OdDbStub& table, OdDbGroupList& groups) {
 
 // --- viewports ---
 
-/// The view of a viewport, which old releases keep in its extended data as a sequence without names.
-class OldView {
-public:
-  explicit OldView(const OdDbGroupList& groups) : m_groups(groups) {
-    const auto begin = groups.items.begin();
-    const auto name = std::find_if(begin, groups.items.end(), [&](const OdDbGroup& group) {
-      return group.code == 1000 && groups.text(group) == OdString(L"MVIEW");
-    });
-    m_at = static_cast<int>(name - begin) + 2; // behind the opening brace
-    m_found = name != groups.items.end();
-  }
-  bool found() const { return m_found; }
-  double real() { return m_at < m_groups.size() && isReal() ? m_groups[m_at++].real : skip(0.0); }
-  OdInt64 integer() {
-    return m_at < m_groups.size() && !isReal() ? m_groups[m_at++].integer : skip(OdInt64{0});
-  }
-  /// The names of the layers that are frozen in the viewport; they follow at the end.
-  std::vector<OdString> layers() const {
-    constexpr int kLayerCode = 1003;
-    std::vector<OdString> names;
-    for (int i = m_at; i < m_groups.size() && m_groups[i].code != kFirstXDataCode; ++i)
-      if (m_groups[i].code == kLayerCode) names.push_back(m_groups.text(i));
-    return names;
-  }
-
-private:
-  bool isReal() const { return m_groups[m_at].kind == OdDbGroupKind::kReal; }
-  template <class Value>
-  Value skip(Value value) {
-    ++m_at;
-    return value;
-  }
-  const OdDbGroupList& m_groups;
-  int m_at = 0;
-  bool m_found = false;
-};
-
 /// The groups of a view in the order in which they are stored.
 class ViewGroups {
 public:
@@ -181,8 +145,13 @@ public:
   void real(int code, double value) { addGroup(m_groups, OdDbGroup::ofReal(code, value)); }
   void integer(int code, OdInt64 value) { addGroup(m_groups, OdDbGroup::ofInteger(code, value)); }
   void handle(int code, OdUInt64 value) { addGroup(m_groups, OdDbGroup::ofHandle(code, value)); }
-  void point(int code, const double (&xyz)[3], int size = 3) {
-    for (int i = 0; i < size; ++i) real(code + 10 * i, xyz[i]);
+  void point(int code, const OdGePoint2d& point) {
+    real(code, point.x);
+    real(code + 10, point.y);
+  }
+  void point(int code, const OdGePoint3d& place) {
+    point(code, place.convert2d());
+    real(code + 20, place.z);
   }
 
 private:
@@ -191,51 +160,26 @@ private:
 
 void upgradeView(OdDbStore& store, OdDbGroupList& groups) {
   constexpr int kViewHeight = 45;
-  const OdDbGroupList before(groups);
-  OldView old(before);
-  if (findGroup(groups, kViewHeight) || !old.found()) return;
-  old.integer(); // version of the data
-  double target[3], direction[3];
-  for (double& part : target) part = old.real();
-  for (double& part : direction) part = old.real();
-  const double twist = old.real(), height = old.real();
-  double center[3] = {};
-  for (int i = 0; i < 2; ++i) center[i] = old.real();
-  const double lens = old.real(), front = old.real(), back = old.real();
-  const OdInt64 mode = old.integer(), circleZoom = old.integer();
-  // Each of these stands for a bit of the view's flags.
-  struct Bits {
-    OdInt64 value;
-    int factor;
-  };
-  OdInt64 flags = mode & 0x1F;
-  const Bits bits[] = {{old.integer() != 0, 128}, {old.integer() & 3, 32},    {old.integer() != 0, 256},
-                       {old.integer() != 0, 512}, {old.integer() != 0, 1024}, {old.integer() & 3, 4096}};
-  for (const Bits& part : bits) flags |= part.value * part.factor;
-  const double snapAngle = old.real();
-  double base[3] = {}, snap[3] = {}, grid[3] = {};
-  for (double* pair : {base, snap, grid})
-    for (int i = 0; i < 2; ++i) pair[i] = old.real();
-  if (old.integer() != 0) flags |= 2048; // hidden lines are removed
-
+  const std::optional<OdDbOldView> old = odDbOldView(groups);
+  if (findGroup(groups, kViewHeight) || !old) return;
   ViewGroups view(groups);
-  view.point(12, center, 2);
-  view.point(13, base, 2);
-  view.point(14, snap, 2);
-  view.point(15, grid, 2);
-  view.point(16, direction);
-  view.point(17, target);
-  view.real(42, lens);
-  view.real(43, front);
-  view.real(44, back);
-  view.real(kViewHeight, height);
-  view.real(50, snapAngle * kDegrees);
-  view.real(51, twist * kDegrees);
-  view.integer(72, circleZoom);
-  for (const OdString& name : old.layers())
+  view.point(12, old->center);
+  view.point(13, old->snapBase);
+  view.point(14, old->snapSpacing);
+  view.point(15, old->gridSpacing);
+  view.point(16, OdGePoint3d::kOrigin + old->direction);
+  view.point(17, old->target);
+  view.real(42, old->lens);
+  view.real(43, old->frontClip);
+  view.real(44, old->backClip);
+  view.real(kViewHeight, old->height);
+  view.real(50, old->snapAngle * kDegrees);
+  view.real(51, old->twist * kDegrees);
+  view.integer(72, old->circleZoom);
+  for (const OdString& name : old->frozenLayers)
     if (const OdDbStub* layer = store.findRecord(store.table("LAYER"), name.str()))
       view.handle(331, layer->handle);
-  view.integer(90, flags);
+  view.integer(90, old->flags);
 }
 
 } // namespace

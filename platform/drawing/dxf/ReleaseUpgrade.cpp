@@ -1,4 +1,5 @@
 #include "ReleaseUpgrade.h"
+#include "AuditNames.h"
 #include "ClassRecords.h"
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
@@ -361,6 +362,24 @@ void Upgrade::addClasses() {
       std::make_shared<std::pair<std::shared_ptr<void>, std::shared_ptr<std::string>>>(m_store.image, text);
 }
 
+// --- names ---
+
+/// Old releases let entities name layers and styles that have no record, and names hold any character.
+void settleNames(OdDbDatabase& database) {
+  OdDbDxfFindings findings; // nobody asked for them
+  AuditContext context(database, OdDbAuditMode::repair, findings);
+  AuditNames names(context);
+  names.checkRecords();
+  odDbVisitAll(database.store(), [&](OdDbStub* stub) {
+    if (stub->isErased()) return;
+    AuditEdits edits;
+    names.checkObject(stub, *stub->content(), edits);
+    context.apply(stub, edits);
+  });
+  names.checkHeader();
+  names.makeMissing();
+}
+
 } // namespace
 
 void odDbUpgradeTo2000(OdDbDatabase& database) {
@@ -375,7 +394,8 @@ void odDbUpgradeTo2000(OdDbDatabase& database) {
   store.undo.setRecording(false);
   Upgrade(database).run();
   store.version = OdDb::vAC15;
-  store.hasHandles = store.hasMarkers = store.hasBlockRecords = true;
+  store.hasHandles = store.tableRecordsHaveHandles = store.hasMarkers = store.hasBlockRecords = true;
+  settleNames(database);
   store.undo.setRecording(wasRecording);
   // Saying so with a record: the drawing is not the one that was last saved.
   OdDbGroupListPtr seed(new OdDbGroupList);

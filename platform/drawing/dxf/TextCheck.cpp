@@ -1,12 +1,13 @@
 #include "TextCheck.h"
+#include "BinaryForm.h"
 #include "TextCodec.h"
 #include "sys/codepage.h"
 #include <cstring>
 
 namespace {
 
-/// Lines of one kind.
-struct Lines {
+/// Texts of one kind.
+struct Texts {
   std::size_t count = 0;
   const char* first = nullptr;
   void add(const char* place) {
@@ -14,15 +15,23 @@ struct Lines {
   }
 };
 
-/// The lines beyond ASCII of a file.
+/// The texts beyond ASCII of a file.
 struct Findings {
-  Lines all;
-  Lines notUtf8;
-  Lines undefined;               ///< with bytes that the code page does not define
+  Texts all;
+  Texts notUtf8;
+  Texts undefined;               ///< with bytes that the code page does not define
   bool hasLongSequences = false; ///< bytes that begin three or four in UTF-8
+
+  void add(const char* place, std::string_view text, const sys::CodePage* page) {
+    all.add(place);
+    if (!sys::isUtf8(text)) notUtf8.add(place);
+    if (!page) return;
+    if (!page->defines(text)) undefined.add(place);
+    for (const char c : text) hasLongSequences |= static_cast<unsigned char>(c) >= 0xE0;
+  }
 };
 
-Findings lookAt(std::string_view bytes, const sys::CodePage* page) {
+Findings lookAtLines(std::string_view bytes, const sys::CodePage* page) {
   constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
   if (bytes.substr(0, kByteOrderMark.size()) == kByteOrderMark) bytes.remove_prefix(kByteOrderMark.size());
   const char* begin = bytes.data();
@@ -35,11 +44,25 @@ Findings lookAt(std::string_view bytes, const sys::CodePage* page) {
     const std::string_view rest(at, static_cast<std::size_t>(end - at));
     const std::string_view line = rest.substr(0, rest.find('\n'));
     at += line.size();
-    findings.all.add(first);
-    if (!sys::isUtf8(line)) findings.notUtf8.add(first);
-    if (!page) continue;
-    if (!page->defines(line)) findings.undefined.add(first);
-    for (const char c : line) findings.hasLongSequences |= static_cast<unsigned char>(c) >= 0xE0;
+    findings.add(first, line, page);
+  }
+  return findings;
+}
+
+/// Binary files hold numbers between their texts, so every group is asked for its kind.
+Findings lookAtGroups(const DxfText& text, const sys::CodePage* page) {
+  Findings findings;
+  const auto look = [&](const char* place, std::string_view value) {
+    const char* end = value.data() + value.size();
+    if (dxfBeyondAscii(value.data(), end) != end) findings.add(place, value, page);
+  };
+  const std::shared_ptr<const DxfParser> parser = dxfParserFor(std::make_shared<DxfText>(text));
+  const std::unique_ptr<DxfRecordSource> records = parser->records();
+  for (DxfRecord record; records->next(record);) {
+    look(record.place, record.name);
+    parser->visit(record.raw, [&](const DxfRawGroup& group, const char* /*behind*/) {
+      if (binaryValue(group.code) == BinaryValue::kText) look(group.place, group.value);
+    });
   }
   return findings;
 }
@@ -57,7 +80,8 @@ public:
   Notes(const DxfText& text, const DxfEncodingFacts& facts) : m_text(text), m_facts(facts) {}
 
   std::vector<std::string> about(const OdDbDxfTextCodec& codec) {
-    const Findings findings = lookAt(m_text.bytes, codec.page());
+    const Findings findings =
+        m_text.isBinary ? lookAtGroups(m_text, codec.page()) : lookAtLines(m_text.bytes, codec.page());
     if (!m_facts.encoding.empty())
       aboutNamed(findings, codec.page());
     else if (codec.page())
@@ -68,11 +92,11 @@ public:
   }
 
 private:
-  /// "3 texts (the first in line 12)", or "1 text (in line 12)".
-  std::string counted(const Lines& lines, const std::string& kind = "") const {
-    const std::string line = "in line " + std::to_string(m_text.lineOf(lines.first)) + ")";
-    if (lines.count == 1) return "1 text" + kind + " (" + line;
-    return std::to_string(lines.count) + " texts" + kind + " (the first " + line;
+  /// "3 texts (the first in line 12)", or "1 text (at byte 12)".
+  std::string counted(const Texts& texts, const std::string& kind = "") const {
+    const std::string place = (m_text.isBinary ? "at " : "in ") + m_text.describe(texts.first) + ")";
+    if (texts.count == 1) return "1 text" + kind + " (" + place;
+    return std::to_string(texts.count) + " texts" + kind + " (the first " + place;
   }
 
   bool isNamed() const { return sys::CodePage::numbered(sys::CodePage::number(m_facts.codePage)) != nullptr; }
@@ -81,6 +105,11 @@ private:
     const OdString name = OdString::fromUtf8(m_facts.codePage);
     return isNamed() && !m_facts.codePage.empty() && name.iCompare(L"ascii") != 0 &&
            name.iCompare(L"undefined") != 0;
+  }
+  /// Reading in an encoding that the release does not allow takes a conversion.
+  std::string readsSo(const std::string& encoding) const {
+    return m_text.isBinary ? "; only drawings in text form can be read so"
+                           : "; --encoding " + encoding + " reads it so";
   }
   std::string headerTells() const {
     if (m_facts.codePage.empty()) return "the header names no code page";
@@ -104,14 +133,13 @@ private:
                                   : "ANSI_1252";
     const bool mixed = findings.notUtf8.count < findings.all.count;
     aboutMeaningless(findings.notUtf8, "UTF-8, which this release stores",
-                     mixed ? "" : "; --encoding " + known + " reads it so");
+                     mixed || m_text.isBinary ? "" : readsSo(known));
   }
 
   void aboutPage(const Findings& findings, const sys::CodePage& page) {
     if (looksLikeUtf8(findings, page)) {
       m_notes.push_back(headerTells() + ", but " + counted(findings.all, " beyond ASCII") +
-                        (findings.all.count == 1 ? " is" : " are all") +
-                        " UTF-8; --encoding UTF-8 reads it so");
+                        (findings.all.count == 1 ? " is" : " are all") + " UTF-8" + readsSo("UTF-8"));
       return;
     }
     if (!isSettled() && findings.all.count > 0)
@@ -124,9 +152,9 @@ private:
                      "; --encoding NAME reads the drawing in another");
   }
 
-  void aboutMeaningless(const Lines& lines, const std::string& encoding, const std::string& advice) {
-    if (lines.count == 0) return;
-    m_notes.push_back(counted(lines) + (lines.count == 1 ? " holds" : " hold") +
+  void aboutMeaningless(const Texts& texts, const std::string& encoding, const std::string& advice) {
+    if (texts.count == 0) return;
+    m_notes.push_back(counted(texts) + (texts.count == 1 ? " holds" : " hold") +
                       " bytes that mean nothing in " + encoding +
                       (advice.empty() ? "; they are kept as they are" : advice));
   }

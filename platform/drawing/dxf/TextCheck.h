@@ -12,10 +12,11 @@ struct DxfEncodingFacts {
   std::string encoding; ///< that the user named instead; empty: none
 };
 
-/// What a person should know about the texts of an ASCII drawing file: that the header names no code page or
-/// one that is not known, that the texts are in another encoding than the file tells, or that some of their
-/// bytes mean nothing. Each sentence counts the texts, names the first line, and says what can be done. Costs
-/// one pass over the bytes, and looks closer at lines beyond ASCII only.
+/// What a person should know about the texts of a drawing file that can be read: that the header names no
+/// code page or one that is not known, that the texts are in another encoding than the file tells, or that
+/// some of their bytes mean nothing. Each sentence counts the texts, tells where the first one stands, and
+/// says what can be done. Costs one pass over the bytes, two over those of a binary file, and looks closer at
+/// texts beyond ASCII only.
 std::vector<std::string> dxfCheckText(const DxfText& text, const DxfEncodingFacts& facts);
 
 /// The first place at or behind `at` whose byte is not ASCII; `end` when there is none.

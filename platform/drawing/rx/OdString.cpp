@@ -188,4 +188,13 @@ OdString& OdString::operator+=(OdChar unit) {
   return *this;
 }
 
-std::wstring odFoldCase(std::wstring_view text) { return mapCodePoints(text, odToFolded); }
+std::wstring odFoldCase(std::wstring_view text) {
+  // Most names are ASCII.
+  std::wstring folded(text);
+  bool isAscii = true;
+  for (wchar_t& unit : folded) {
+    isAscii = isAscii && static_cast<char32_t>(unit) < 0x80;
+    if (unit >= L'A' && unit <= L'Z') unit += L'a' - L'A';
+  }
+  return isAscii ? folded : mapCodePoints(text, odToFolded);
+}
