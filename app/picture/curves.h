@@ -1,4 +1,5 @@
 #pragma once
+#include "Ge/GeNurbCurve3d.h"
 #include "brush.h"
 
 namespace picture {
@@ -13,23 +14,9 @@ void addBulge(Points& points, const OdGePoint3d& from, const OdGePoint3d& to, do
 /// Appends points of an elliptic arc; `minor` is the other half axis.
 void addEllipse(Points& points, const OdGePoint3d& center, const OdGeVector3d& major,
                 const OdGeVector3d& minor, double start, double sweep, int segments);
-/// The angle from `start` on to `end`, in (0, 2 pi]; equal angles are a whole turn.
-double sweepBetween(double start, double end);
-
-/// A curve of a spline: B-spline with knots, weighted where there are weights.
-struct Spline {
-  int degree = 3;
-  std::vector<double> knots;
-  Points controls;
-  std::vector<double> weights;
-
-  bool isValid() const;
-  OdGePoint3d at(double parameter) const;
-  /// Appends points over the whole curve.
-  void addTo(Points& points, const Brush& brush) const;
-};
-
+/// Appends points over the whole of a spline.
+void addSpline(Points& points, const OdGeNurbCurve3d& spline, const Brush& brush);
 /// Appends points of a smooth curve through the given ones.
-void addSmooth(Points& points, const Points& through, bool closed);
+void addSmooth(Points& points, const Points& through, bool closed, const Brush& brush);
 
 } // namespace picture

@@ -1,4 +1,5 @@
 // Hatches: their boundary, and its filling with colour or lines.
+#include "Ge/GeEllipArc3d.h"
 #include "curves.h"
 #include "drawer.h"
 #include "palette.h"
@@ -74,34 +75,38 @@ void readArcEdge(GroupReader& groups, Points& points, const Brush& brush, bool i
   const OdGeVector3d major = isEllipse ? groups.point(11).asVector() : OdGeVector3d(groups.real(40), 0, 0);
   const double ratio = isEllipse ? groups.real(40, 1) : 1;
   const double start = groups.real(50) * kDegree;
-  const double sweep = sweepBetween(start, groups.real(51) * kDegree);
+  const double sweep = OdGeEllipArc3d::sweep(start, groups.real(51) * kDegree);
   const double sense = groups.integer(73, 1) != 0 ? 1 : -1;
+  if (major.isZeroLength() || major.length() * std::fabs(ratio) <= OdGeContext::gTol.equalPoint()) return;
   const OdGeVector3d minor(-major.y * ratio, major.x * ratio, 0);
   addEllipse(points, center, major, minor, start * sense, sweep * sense,
              brush.segments(major.length(), sweep));
 }
 
 void readSplineEdge(GroupReader& groups, Points& points, const Brush& brush) {
-  Spline spline;
-  spline.degree = groups.integer(94, 3);
+  const int degree = groups.integer(94, 3);
   groups.integer(73);
   groups.integer(74);
-  const int knots = groups.count(95);
-  const int controls = groups.count(96);
-  for (int i = 0; i < knots; ++i) spline.knots.push_back(groups.real(40));
-  for (int i = 0; i < controls; ++i) {
-    spline.controls.push_back(groups.point(10));
-    if (groups.next(42)) spline.weights.push_back(groups.real(42));
+  const int knotCount = groups.count(95);
+  const int controlCount = groups.count(96);
+  std::vector<double> knots;
+  std::vector<double> weights;
+  Points controls;
+  for (int i = 0; i < knotCount; ++i) knots.push_back(groups.real(40));
+  for (int i = 0; i < controlCount; ++i) {
+    controls.push_back(groups.point(10));
+    if (groups.next(42)) weights.push_back(groups.real(42));
   }
-  while (groups.next(42)) spline.weights.push_back(groups.real(42)); // some programs put them last
+  while (groups.next(42)) weights.push_back(groups.real(42)); // some programs put them last
   Points fit;
   const int fits = groups.count(97);
   for (int i = 0; i < fits; ++i) fit.push_back(groups.point(11));
   Points edge;
-  if (spline.isValid())
-    spline.addTo(edge, brush);
-  else
-    addSmooth(edge, fit.empty() ? spline.controls : fit, false);
+  try {
+    addSpline(edge, {degree, knots, controls, weights}, brush);
+  } catch (const OdError&) { // the area is about right without the curve
+    edge = fit.empty() ? controls : fit;
+  }
   points.insert(points.end(), edge.begin(), edge.end());
   if (groups.next(12)) groups.point(12);
   if (groups.next(13)) groups.point(13);

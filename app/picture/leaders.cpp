@@ -161,7 +161,7 @@ void drawLeader(const OdDbEntity& entity, const Brush& entityBrush, const DrawBl
   if (points.size() < 2) throw OdError(eDegenerateGeometry);
   Points curve;
   if (leader.integer(72) == kSpline)
-    addSmooth(curve, points, false);
+    addSmooth(curve, points, false, brush);
   else
     curve = points;
   const Arrow arrow{style.leaderArrow(), style.arrowSize()};

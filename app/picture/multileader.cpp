@@ -211,7 +211,7 @@ void drawLeaders(const Multileader& read, const Brush& brush, const DrawBlock& d
       drawArrow(read.arrow, points[0], points[1] - points[0], read.normal, brush, drawBlock);
       Points curve;
       if (read.lineKind == kSpline)
-        addSmooth(curve, points, false);
+        addSmooth(curve, points, false, brush);
       else
         curve = std::move(points);
       brush.stroke(curve);

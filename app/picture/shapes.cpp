@@ -1,5 +1,8 @@
 // Entities drawn from their groups, whether the library has a class for them or not.
-#include "DbDictionary.h"
+#include "DbPoint.h"
+#include "DbWipeout.h"
+#include "DbWipeoutVariables.h"
+#include "Ge/GeEllipArc3d.h"
 #include "curves.h"
 #include "drawer.h"
 #include "palette.h"
@@ -36,7 +39,7 @@ void drawCircle(const Fields& circle, const Brush& brush) {
 void drawArc(const Fields& arc, const Brush& brush) {
   const double radius = arc.real(40);
   const double start = arc.real(50) * kDegree;
-  const double sweep = sweepBetween(start, arc.real(51) * kDegree);
+  const double sweep = OdGeEllipArc3d::sweep(start, arc.real(51) * kDegree);
   Points points;
   addArc(points, arc.point(10), radius, start, sweep, brush.segments(radius, sweep));
   brush.inPlane(arc.normal()).stroke(points);
@@ -48,7 +51,7 @@ void drawEllipse(const Fields& ellipse, const Brush& brush) {
   normal.normalize();
   const OdGeVector3d minor = normal.crossProduct(major) * ellipse.real(40, 1);
   const double start = ellipse.real(41);
-  const double sweep = sweepBetween(start, ellipse.real(42, Oda2PI));
+  const double sweep = OdGeEllipArc3d::sweep(start, ellipse.real(42, Oda2PI));
   Points points;
   addEllipse(points, ellipse.point(10), major, minor, start, sweep, brush.segments(major.length(), sweep));
   brush.stroke(points);
@@ -56,14 +59,15 @@ void drawEllipse(const Fields& ellipse, const Brush& brush) {
 
 void drawSpline(const Fields& fields, const Brush& brush) {
   constexpr int kClosed = 1;
-  const Spline spline{fields.integer(71, 3), fields.reals(40), fields.points(10), fields.reals(41)};
+  const Points controls = fields.points(10);
   Points points;
-  if (spline.isValid())
-    spline.addTo(points, brush);
-  else if (const Points through = fields.points(11); !through.empty())
-    addSmooth(points, through, (fields.integer(70) & kClosed) != 0);
+  if (controls.empty())
+    addSpline(points,
+              *OdGeNurbCurve3d::through(fields.points(11), (fields.integer(70) & kClosed) != 0,
+                                        fields.point(12).asVector(), fields.point(13).asVector()),
+              brush);
   else
-    throw OdError(eDegenerateGeometry);
+    addSpline(points, {fields.integer(71, 3), fields.reals(40), controls, fields.reals(41)}, brush);
   brush.stroke(points);
 }
 
@@ -111,48 +115,25 @@ void drawEndless(const Fields& line, const Brush& brush, bool bothWays) {
 void drawRay(const Fields& line, const Brush& brush) { drawEndless(line, brush, false); }
 void drawXline(const Fields& line, const Brush& brush) { drawEndless(line, brush, true); }
 
-/// The outline of a raster picture in world coordinates: its clipping polygon or its edges.
-Points rasterOutline(const Fields& image) {
-  const OdGePoint3d origin = image.point(10);
-  const OdGeVector3d u = image.point(11).asVector();
-  const OdGeVector3d v = image.point(12).asVector();
-  const double columns = image.real(13, 1);
-  const double rows = image.real(23, 1);
-  Points clip = image.points(14);
-  constexpr int kRectangle = 1;
-  if (clip.size() == 2 && image.integer(71, kRectangle) == kRectangle)
-    clip = {clip[0], {clip[1].x, clip[0].y, 0}, clip[1], {clip[0].x, clip[1].y, 0}};
-  if (clip.size() < 3)
-    clip = {{-0.5, -0.5, 0}, {columns - 0.5, -0.5, 0}, {columns - 0.5, rows - 0.5, 0}, {-0.5, rows - 0.5, 0}};
-  Points outline;
-  // Pixels count from the upper left; their middles have whole numbers.
-  for (const OdGePoint3d& pixel : clip)
-    outline.push_back(origin + u * (pixel.x + 0.5) + v * (rows - pixel.y - 0.5));
-  return outline;
+/// The edge of a raster image or mask.
+Points outlineOf(const OdDbEntity& entity) {
+  OdGePoint3dArray outline;
+  OdDbRasterImage::cast(&entity)->outline(outline);
+  return {outline.begin(), outline.end()};
 }
 
-void drawImage(const Fields& image, const Brush& brush) {
-  Points outline = rasterOutline(image);
-  outline.push_back(outline.front());
-  brush.strokeContinuous(outline);
-}
-
-/// Whether the drawing shows the frames of its masks; 2 is on screens only.
-bool showsMaskFrames(const OdDbDatabase& database, bool isPlotted) {
-  const auto names = OdDbDictionary::cast(database.getNamedObjectsDictionaryId().openObject());
-  const OdDbObjectPtr settings =
-      names.isNull() ? OdDbObjectPtr() : names->getAt(L"ACAD_WIPEOUT_VARS").openObject();
-  if (settings.isNull()) return false;
-  constexpr int kFrame = 70;
-  const int frame = Fields(*settings).integer(kFrame);
-  return frame == 1 || (frame == 2 && !isPlotted);
-}
+void drawImage(const OdDbEntity& entity, const Brush& brush) { brush.strokeContinuous(outlineOf(entity)); }
 
 void drawWipeout(const OdDbEntity& entity, const Brush& brush) {
-  Points outline = rasterOutline(Fields(entity));
-  brush.withColor(kPaper).fill({outline});
-  outline.push_back(outline.front());
-  if (showsMaskFrames(*entity.database(), brush.view().isPlotted)) brush.strokeContinuous(outline);
+  Points outline = outlineOf(entity);
+  const auto settings = OdDbWipeoutVariables::openWipeoutVariables(entity.database());
+  const bool hasFrame =
+      !settings.isNull() && (brush.view().isPlotted ? settings->plotsFrame() : settings->showFrame());
+  const Points edge = outline;
+  outline.pop_back();
+  if (OdDbRasterImage::cast(&entity)->isSetDisplayOpt(OdDbRasterImage::kShow))
+    brush.withColor(kPaper).fill({outline});
+  if (hasFrame) brush.strokeContinuous(edge);
 }
 
 /// The edges of the faces of a mesh, each once.
@@ -241,20 +222,25 @@ struct Kind {
 void drawPoint(const OdDbEntity& entity, const Brush& brush) {
   constexpr int kCircle = 32;
   constexpr int kSquare = 64;
-  const OdGePoint3d at = Fields(entity).point(10);
-  const int mode = headerInteger(*entity.database(), L"$PDMODE", 0);
-  double size = headerReal(*entity.database(), L"$PDSIZE", 0);
+  const OdDbPointPtr point = OdDbPoint::cast(&entity);
+  const int mode = entity.database()->getPDMODE();
+  double size = entity.database()->getPDSIZE();
   constexpr double kUsual = 5; // per cent of the picture's height
   if (size <= 0)
     size = brush.view().frame.isEmpty()
                ? 0
                : (size < 0 ? -size : kUsual) / 100 * brush.view().frame.height() / brush.scale();
   const double half = size / 2;
+  // Signs follow the coordinate system that the point was made in.
+  const OdGeVector3d normal = point->normal().isZeroLength() ? OdGeVector3d::kZAxis : point->normal();
+  const Brush turned = brush.placed(OdGeMatrix3d::translation(point->position().asVector()) *
+                                    OdGeMatrix3d::planeToWorld(normal) *
+                                    OdGeMatrix3d::rotation(point->ecsRotation(), OdGeVector3d::kZAxis));
   const auto line = [&](double x1, double y1, double x2, double y2) {
-    brush.strokeContinuous({at + OdGeVector3d(x1, y1, 0) * half, at + OdGeVector3d(x2, y2, 0) * half});
+    turned.strokeContinuous({{x1 * half, y1 * half, 0}, {x2 * half, y2 * half, 0}});
   };
   switch (mode & 7) {
-  case 0: brush.strokeContinuous({at}); break;
+  case 0: turned.strokeContinuous({{0, 0, 0}}); break;
   case 2:
     line(-2, 0, 2, 0);
     line(0, -2, 0, 2);
@@ -266,10 +252,10 @@ void drawPoint(const OdDbEntity& entity, const Brush& brush) {
   case 4: line(0, 0, 0, 1); break;
   default: break;
   }
-  if (mode & kCircle) {
+  if ((mode & kCircle) && half > 0) {
     Points points;
-    addArc(points, at, half, 0, Oda2PI, brush.segments(half, Oda2PI));
-    brush.strokeContinuous(points);
+    addArc(points, {}, half, 0, Oda2PI, turned.segments(half, Oda2PI));
+    turned.strokeContinuous(points);
   }
   if (mode & kSquare) {
     line(-1, -1, 1, -1);
@@ -288,11 +274,14 @@ bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& b
       {"SPLINE", drawSpline},   {"HELIX", drawSpline}, {"LWPOLYLINE", drawLwPolyline},
       {"SHAPE", drawShapeMark}, {"SOLID", drawSolid},  {"TRACE", drawSolid},
       {"3DFACE", drawFace},     {"RAY", drawRay},      {"XLINE", drawXline},
-      {"IMAGE", drawImage},     {"MESH", drawMesh},    {"HATCH", drawHatch},
+      {"MESH", drawMesh},       {"HATCH", drawHatch},
   };
   using DrawEntity = void (*)(const OdDbEntity&, const Brush&);
-  static constexpr std::pair<const char*, DrawEntity> kWhole[] = {
-      {"POINT", drawPoint}, {"POLYLINE", drawOldPolyline}, {"WIPEOUT", drawWipeout}, {"MLINE", drawMline}};
+  static constexpr std::pair<const char*, DrawEntity> kWhole[] = {{"POINT", drawPoint},
+                                                                  {"POLYLINE", drawOldPolyline},
+                                                                  {"IMAGE", drawImage},
+                                                                  {"WIPEOUT", drawWipeout},
+                                                                  {"MLINE", drawMline}};
   for (const Kind& known : kKinds) {
     if (kind != known.name) continue;
     known.draw(Fields(entity), brush);

@@ -184,6 +184,14 @@ TEST(Drawer, MasksAndParallelLinesFollowTheirSettings) {
   EXPECT_THAT(Drawn(drawing(mask, "", "", frames + "0")).parts, ElementsAre(area));
   EXPECT_THAT(Drawn(drawing(mask, "", "", frames + "1")).parts,
               ElementsAre(area, "line 1,2 2,2 2,1 1,1 1,2"));
+  EXPECT_THAT(Drawn(drawing(mask, "", "", frames + "2")).parts,
+              ElementsAre(area, "line 1,2 2,2 2,1 1,1 1,2"));
+  // A mask that is not shown hides nothing, and those that are hide only what was drawn before.
+  EXPECT_THAT(Drawn(drawing(mask + "70 6\n")).parts, IsEmpty());
+  EXPECT_THAT(
+      Drawn(drawing("0 LINE\n8 0\n10 0\n20 0\n11 9\n21 9\n" + mask + "0 LINE\n8 0\n10 0\n20 9\n11 9\n21 0\n"))
+          .parts,
+      ElementsAre("line 0,0 9,9", area, "line 0,9 9,0"));
   const std::string lines =
       "0 MLINE\n8 0\n340 E\n70 0\n71 0\n72 2\n73 2\n11 0\n21 0\n13 0\n23 1\n74 1\n41 1\n74 "
       "1\n41 0\n11 4\n21 0\n13 0\n23 1\n74 1\n41 1\n74 1\n41 0\n";
@@ -192,6 +200,19 @@ TEST(Drawer, MasksAndParallelLinesFollowTheirSettings) {
       "0\n62 256\n";
   EXPECT_THAT(Drawn(drawing(lines, "", "", style)).parts,
               ElementsAre("line(255 0 0) 0,1 4,1", "line 0,0 4,0"));
+}
+
+TEST(Drawer, PointsHaveTheSignOfTheDrawing) {
+  const std::string point = "0 POINT\n8 0\n10 1\n20 2\n";
+  const auto parts = [&](const std::string& mode, const std::string& groups) {
+    return Drawn(drawing(point + groups, "", "9 $PDMODE\n70 " + mode + "\n9 $PDSIZE\n40 2\n")).parts;
+  };
+  EXPECT_THAT(parts("1", ""), IsEmpty());
+  EXPECT_THAT(parts("4", ""), ElementsAre("line 1,2 1,3"));
+  EXPECT_THAT(parts("4", "50 90\n"), ElementsAre("line 1,2 0,2"));
+  EXPECT_THAT(parts("3", ""), ElementsAre("line -1,0 3,4", "line -1,4 3,0"));
+  EXPECT_THAT(parts("66", ""), ElementsAre("line -1,2 3,2", "line 1,0 1,4", "line 0,1 2,1", "line 2,1 2,3",
+                                           "line 2,3 0,3", "line 0,3 0,1"));
 }
 
 TEST(Drawer, CountsWhatItCannotShow) {

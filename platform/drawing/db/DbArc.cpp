@@ -1,5 +1,6 @@
 #include "DbArc.h"
 #include "DbOcs.h"
+#include "Ge/GeEllipArc3d.h"
 
 ODRX_CONS_DEFINE_MEMBERS(OdDbArc, OdDbCircularCurve, "ARC")
 
@@ -23,7 +24,11 @@ double OdDbArc::endAngle() const { return angle(kArcSection, kEnd); }
 void OdDbArc::setEndAngle(double radians) { setAngle(kArcSection, kEnd, radians); }
 
 bool OdDbArc::covers(double angle) const {
-  return odDbOcs::normalized(angle - startAngle()) <= odDbOcs::normalized(endAngle() - startAngle());
+  return odDbOcs::normalized(angle - startAngle()) <= OdGeEllipArc3d::sweep(startAngle(), endAngle());
+}
+
+std::pair<double, double> OdDbArc::range() const {
+  return {startAngle(), startAngle() + OdGeEllipArc3d::sweep(startAngle(), endAngle())};
 }
 
 void OdDbArc::turn(const odDbOcs::Image& image) {

@@ -18,6 +18,7 @@ public:
   OdDbSchema schema() const override;
 
 protected:
+  std::pair<double, double> range() const override;
   bool covers(double angle) const override;
   void turn(const odDbOcs::Image& image) override;
 };

@@ -1,8 +1,9 @@
 #include "DbCircle.h"
 #include "DbOcs.h"
+#include "Ge/GeEllipArc3d.h"
 #include <cmath>
 
-ODRX_NO_CONS_DEFINE_MEMBERS(OdDbCircularCurve, OdDbEntity)
+ODRX_NO_CONS_DEFINE_MEMBERS(OdDbCircularCurve, OdDbCurve)
 ODRX_CONS_DEFINE_MEMBERS(OdDbCircle, OdDbCircularCurve, "CIRCLE")
 
 namespace {
@@ -62,6 +63,23 @@ OdResult OdDbCircularCurve::getGeomExtents(OdGeExtents3d& extents) const {
   for (const double peak : {std::atan2(y.x, x.x), std::atan2(y.y, x.y), std::atan2(y.z, x.z)})
     for (const double angle : {peak, peak + OdaPI})
       if (covers(angle)) extents.addPoint(pointAt(angle)).addPoint(pointAt(angle) + extrusion);
+  return eOk;
+}
+
+std::unique_ptr<OdGeCurve3d> OdDbCircularCurve::makeGeCurve() const {
+  const OdGeMatrix3d plane = odDbOcs::toWorld(normal());
+  const auto [from, to] = range();
+  return std::make_unique<OdGeEllipArc3d>(center(), plane.getCsXAxis() * radius(),
+                                          plane.getCsYAxis() * radius(), from, to);
+}
+
+OdResult OdDbCircularCurve::getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const {
+  if (!std::isfinite(distance)) return eInvalidInput;
+  if (!(radius() > 0)) return eDegenerateGeometry;
+  if (!(radius() + distance > OdGeContext::gTol.equalPoint())) return eInvalidInput;
+  const OdSmartPtr<OdDbCircularCurve> curve = clone();
+  curve->setRadius(radius() + distance);
+  addOffset(curve, curves);
   return eOk;
 }
 

@@ -1,12 +1,12 @@
 #pragma once
-#include "DbEntity.h"
+#include "DbCurve.h"
 
 namespace odDbOcs {
 struct Image;
 }
 
-/// What circles and arcs have in common.
-class OdDbCircularCurve : public OdDbEntity {
+/// What circles and arcs have in common. The parameter is the angle in the plane, in radians.
+class OdDbCircularCurve : public OdDbCurve {
   ODRX_DECLARE_MEMBERS(OdDbCircularCurve);
 
 public:
@@ -24,8 +24,13 @@ public:
   /// Refuses what would make an ellipse of the circle.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  /// eInvalidInput when nothing is left of the radius.
+  OdResult getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const override;
 
 protected:
+  std::unique_ptr<OdGeCurve3d> makeGeCurve() const override;
+  /// The angles between which the curve runs, no more than a turn apart.
+  virtual std::pair<double, double> range() const { return {0, Oda2PI}; }
   static const OdDbSubclass kSection;
   /// The point of the circle in the direction of an angle of its plane.
   OdGePoint3d pointAt(double angle) const;

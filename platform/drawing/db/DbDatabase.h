@@ -80,6 +80,13 @@ public:
   OdDbObjectId getTEXTSTYLE() const;
   void setTEXTSTYLE(OdDbObjectId style);
   double getTEXTSIZE() const;
+  /// How points are shown: 0 a dot, 1 nothing, 2 a plus, 3 a cross, 4 a tick; + 32 a circle, + 64 a square
+  /// around it.
+  int getPDMODE() const;
+  void setPDMODE(int mode);
+  /// How large: drawing units; 0 and less are per cent of the height of the view, 0 meaning 5.
+  double getPDSIZE() const;
+  void setPDSIZE(double size);
   bool getTILEMODE() const;
   void setTILEMODE(bool modelSpace);
   /// Units: LUNITS, LUPREC, AUNITS, AUPREC, ANGBASE (radians), ANGDIR.

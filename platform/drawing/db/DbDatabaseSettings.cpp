@@ -3,6 +3,7 @@
 #include "DbResBufGroups.h"
 #include "DbStore.h"
 #include "DbSymbolTableRecord.h"
+#include <cmath>
 
 namespace {
 
@@ -13,6 +14,7 @@ enum Code {
   kStyleValue = 7,
   kLayerValue = 8,
   kPointValue = 10,
+  kRealValue = 40,
   kColorValue = 62,
   kIntegerValue = 70
 };
@@ -107,6 +109,20 @@ void OdDbDatabase::setTEXTSTYLE(OdDbObjectId style) {
   setRecord(*this, "$TEXTSTYLE", kStyleValue, getTextStyleTableId(), style);
 }
 double OdDbDatabase::getTEXTSIZE() const { return realOf(*this, "$TEXTSIZE", kDefaultTextSize); }
+
+int OdDbDatabase::getPDMODE() const { return integerOf(*this, "$PDMODE", 0); }
+void OdDbDatabase::setPDMODE(int mode) {
+  constexpr int kSigns = 7;
+  constexpr int kAround = 32 | 64;
+  if (mode < 0 || (mode & ~(kSigns | kAround)) != 0 || (mode & kSigns) > 4)
+    throw OdError(eInvalidInput, L"Points are shown in the modes 0 to 4, and with 32, 64 or 96 added.");
+  setVariable(*this, "$PDMODE", kIntegerValue, OdInt64{mode});
+}
+double OdDbDatabase::getPDSIZE() const { return realOf(*this, "$PDSIZE", 0); }
+void OdDbDatabase::setPDSIZE(double size) {
+  if (!std::isfinite(size)) throw OdError(eInvalidInput);
+  setVariable(*this, "$PDSIZE", kRealValue, size);
+}
 
 bool OdDbDatabase::getTILEMODE() const { return integerOf(*this, "$TILEMODE", 1) != 0; }
 void OdDbDatabase::setTILEMODE(bool modelSpace) {

@@ -262,5 +262,5 @@ void OdDbEntity::setPropertiesFrom(const OdDbEntity* source) {
 // --- geometry ---
 
 OdResult OdDbEntity::transformBy(const OdGeMatrix3d&) { return eNotApplicable; }
-OdResult OdDbEntity::explode(OdArray<OdRxObjectPtr>&) const { return eNotApplicable; }
+OdResult OdDbEntity::explode(OdRxObjectPtrArray&) const { return eNotApplicable; }
 OdResult OdDbEntity::getGeomExtents(OdGeExtents3d&) const { return eInvalidExtents; }

@@ -9,6 +9,8 @@
 /// The section that all entities share (AcDbEntity).
 extern const OdDbSubclass kOdDbEntitySection;
 
+using OdRxObjectPtrArray = OdArray<OdRxObjectPtr>;
+
 /// Base of everything that can be drawn.
 class OdDbEntity : public OdDbObject {
   ODRX_DECLARE_MEMBERS(OdDbEntity);
@@ -60,7 +62,7 @@ public:
   /// take the transform; eNotApplicable for entities kept as read, whose geometry the library does not know.
   virtual OdResult transformBy(const OdGeMatrix3d& matrix);
   /// Adds the pieces that the entity falls into, which belong to no database. eNotApplicable: it does not.
-  virtual OdResult explode(OdArray<OdRxObjectPtr>& pieces) const;
+  virtual OdResult explode(OdRxObjectPtrArray& pieces) const;
   /// eInvalidExtents for entities without extent.
   virtual OdResult getGeomExtents(OdGeExtents3d& extents) const;
 

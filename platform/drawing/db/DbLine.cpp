@@ -1,7 +1,9 @@
 #include "DbLine.h"
 #include "DbOcs.h"
+#include "Ge/GeLinearEnt3d.h"
+#include <cmath>
 
-ODRX_CONS_DEFINE_MEMBERS(OdDbLine, OdDbEntity, "LINE")
+ODRX_CONS_DEFINE_MEMBERS(OdDbLine, OdDbCurve, "LINE")
 
 namespace {
 enum Code { kThickness = 39, kStart = 10, kEnd = 11, kNormal = 210 };
@@ -44,5 +46,21 @@ OdResult OdDbLine::getGeomExtents(OdGeExtents3d& extents) const {
   extents = OdGeExtents3d();
   extents.addPoint(startPoint()).addPoint(endPoint());
   extents.addPoint(startPoint() + extrusion).addPoint(endPoint() + extrusion);
+  return eOk;
+}
+
+std::unique_ptr<OdGeCurve3d> OdDbLine::makeGeCurve() const {
+  return std::make_unique<OdGeLinearEnt3d>(startPoint(), endPoint());
+}
+
+OdResult OdDbLine::getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const {
+  if (!std::isfinite(distance)) return eInvalidInput;
+  const OdGeVector3d right = (endPoint() - startPoint()).crossProduct(normal());
+  if (right.isZeroLength()) return eDegenerateGeometry;
+  const OdGeVector3d way = right.normal() * distance;
+  const OdDbLinePtr line = clone();
+  line->setStartPoint(startPoint() + way);
+  line->setEndPoint(endPoint() + way);
+  addOffset(line, curves);
   return eOk;
 }

@@ -1,8 +1,8 @@
 #pragma once
-#include "DbEntity.h"
+#include "DbCurve.h"
 
-/// A straight line between two points.
-class OdDbLine : public OdDbEntity {
+/// A straight line between two points. Its parameter is the distance from the start.
+class OdDbLine : public OdDbCurve {
   ODRX_DECLARE_MEMBERS(OdDbLine);
 
 public:
@@ -18,6 +18,11 @@ public:
 
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  /// In the plane of the line that the normal is perpendicular to.
+  OdResult getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const override;
   OdDbSchema schema() const override;
+
+protected:
+  std::unique_ptr<OdGeCurve3d> makeGeCurve() const override;
 };
 using OdDbLinePtr = OdSmartPtr<OdDbLine>;

@@ -38,6 +38,8 @@ OdDbGroupList& OdDbObject::mutableGroups() {
   assertWriteEnabled();
   groups();
   if (m_stub) m_stub->store->undo.noteChange(m_stub);
+  ++m_revision;
+  if (m_stub) ++m_stub->store->revision;
   return mutableGroupsUnrecorded();
 }
 
@@ -87,6 +89,7 @@ void OdDbObject::erase(bool erasing) {
   if (flags == m_stub->flags) return;
   m_stub->store->undo.noteChange(m_stub);
   m_stub->flags = flags;
+  ++m_stub->store->revision;
   rewriteOwner();
 }
 
@@ -167,6 +170,7 @@ void OdDbObject::copyFrom(const OdDbObject* source) {
     m_stub->setGroups(copy);
   }
   m_groups = copy;
+  ++m_revision;
   groupsReplaced();
 }
 
@@ -191,6 +195,7 @@ void OdDbObject::swapIdWith(OdDbObjectId otherId, bool swapXData, bool swapExtDi
   for (OdDbObject* object : {this, other.get()}) {
     object->m_stub->live = object;
     object->m_stub->setGroups(object->m_groups);
+    ++object->m_revision;
     object->groupsReplaced();
   }
   if (m_stub->type != other->m_stub->type)

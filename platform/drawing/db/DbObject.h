@@ -83,6 +83,8 @@ public:
     if (!m_groups) loadGroups();
     return *m_groups;
   }
+  /// Grows whenever the groups may have changed: equal values mean equal groups.
+  OdUInt32 revision() const { return m_revision; }
   /// For changing; saves the state for undo first. Throws eNotOpenForWrite.
   OdDbGroupList& mutableGroups();
   virtual OdDbSchema schema() const { return {}; }
@@ -143,4 +145,5 @@ private:
   OdDbStub* m_stub = nullptr;
   mutable OdDbGroupListPtr m_groups; // the stub's own list, or a parse of its file slice
   bool m_writable = false;
+  OdUInt32 m_revision = 0;
 };

@@ -66,9 +66,10 @@ int OdDbObject::integer(const OdDbSubclass& section, int code) const {
 
 OdGePoint3d OdDbObject::point(const OdDbSubclass& section, int code) const {
   const int index = odDbGroups::find(groups(), section, code);
-  if (index < 0) return OdGePoint3d(0, 0, defaultOf(section, code));
   const OdDbField* field = section.field(code);
-  double z = defaultOf(section, code);
+  const bool isDirection = field && field->kind == OdDbFieldKind::kDirection;
+  double z = isDirection ? 0 : defaultOf(section, code);
+  if (index < 0) return OdGePoint3d(isDirection ? field->number : 0, 0, z);
   if (field && field->kind == OdDbFieldKind::kPoint3d) z = elevation(groups(), z);
   return OdGePoint3d(groups()[index].real, coordinate(groups(), index, 10, 0),
                      coordinate(groups(), index, 20, z));

@@ -40,7 +40,7 @@ OdDbHandle OdDbObjectId::getHandle() const { return m_stub ? OdDbHandle(m_stub->
 OdDbDatabase* OdDbObjectId::database() const { return m_stub ? m_stub->store->database : nullptr; }
 
 const OdRxClass* OdDbObjectId::objectClass() const {
-  return m_stub ? m_stub->store->types[m_stub->type].cls : nullptr;
+  return m_stub ? m_stub->store->classOf(*m_stub) : nullptr;
 }
 
 OdDbObjectPtr OdDbObjectId::openObject(OdDb::OpenMode mode, bool openErased) const {

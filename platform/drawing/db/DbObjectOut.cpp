@@ -119,7 +119,8 @@ void OdDbObject::writeField(OdDbDxfFiler* filer, const OdDbSubclass& section, co
     break;
   }
   case OdDbFieldKind::kPoint3d: filer->wrPoint3d(field.code, point(section, field.code)); break;
-  case OdDbFieldKind::kVector3d: filer->wrVector3d(field.code, vector(section, field.code)); break;
+  case OdDbFieldKind::kVector3d:
+  case OdDbFieldKind::kDirection: filer->wrVector3d(field.code, vector(section, field.code)); break;
   case OdDbFieldKind::kScale3d: filer->wrScale3d(field.code, scale(section, field.code)); break;
   }
 }
@@ -133,6 +134,7 @@ bool isKnown(const OdDbSubclass& section, int code) {
     case OdDbFieldKind::kPoint2d: return code == field.code || code == field.code + 10;
     case OdDbFieldKind::kPoint3d:
     case OdDbFieldKind::kVector3d:
+    case OdDbFieldKind::kDirection:
       return code == field.code || code == field.code + 10 || code == field.code + 20;
     case OdDbFieldKind::kScale3d: return code >= field.code && code <= field.code + 2;
     default: return code == field.code;

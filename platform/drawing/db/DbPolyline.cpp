@@ -2,10 +2,12 @@
 #include "DbArc.h"
 #include "DbLine.h"
 #include "DbOcs.h"
+#include "Ge/GePolylineCurve3d.h"
+#include "Ge/GePolylineOffset.h"
 #include <algorithm>
 #include <cmath>
 
-ODRX_CONS_DEFINE_MEMBERS(OdDbPolyline, OdDbEntity, "LWPOLYLINE")
+ODRX_CONS_DEFINE_MEMBERS(OdDbPolyline, OdDbCurve, "LWPOLYLINE")
 
 namespace {
 
@@ -291,7 +293,7 @@ OdDbEntityPtr OdDbPolyline::segment(unsigned int index) const {
   return arc;
 }
 
-OdResult OdDbPolyline::explode(OdArray<OdRxObjectPtr>& pieces) const {
+OdResult OdDbPolyline::explode(OdRxObjectPtrArray& pieces) const {
   const unsigned int count = numVerts();
   const OdDbLinePtr properties = OdDbLine::createObject(); // searched for each piece; here that is quick
   properties->setPropertiesFrom(this);
@@ -316,4 +318,46 @@ OdResult OdDbPolyline::getGeomExtents(OdGeExtents3d& extents) const {
       extents.addExt(arc);
   }
   return extents.isValidExtents() ? eOk : eInvalidExtents;
+}
+
+std::unique_ptr<OdGeCurve3d> OdDbPolyline::makeGeCurve() const {
+  const OdGeMatrix3d plane = odDbOcs::toWorld(normal());
+  const double level = elevation();
+  const unsigned int count = numVerts();
+  std::vector<OdGePoint3d> places(count);
+  std::vector<double> bulges(count);
+  for (unsigned int i = 0; i < count; ++i) {
+    places[i] = plane * OdGePoint3d(realAt(i, kX, 0), realAt(i, kY, 0), level);
+    bulges[i] = getBulgeAt(i);
+  }
+  if (std::all_of(bulges.begin(), bulges.end(), [](double bulge) { return bulge == 0; })) bulges.clear();
+  return std::make_unique<OdGePolylineCurve3d>(std::move(places), std::move(bulges), isClosed(),
+                                               plane.getCsZAxis());
+}
+
+OdResult OdDbPolyline::getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const {
+  OdGeFlatPolyline flat;
+  flat.isClosed = isClosed();
+  for (unsigned int i = 0; i < numVerts(); ++i) {
+    flat.points.emplace_back(realAt(i, kX, 0), realAt(i, kY, 0));
+    flat.bulges.push_back(getBulgeAt(i));
+  }
+  std::vector<OdGeFlatPolyline> found;
+  try {
+    found = odGeOffset(flat, distance);
+  } catch (const OdError& error) {
+    return error.code();
+  }
+  for (const OdGeFlatPolyline& each : found) {
+    const OdDbPolylinePtr made = OdDbPolyline::createObject();
+    if (elevation() != 0) made->setElevation(elevation());
+    if (thickness() != 0) made->setThickness(thickness());
+    if (!(normal() == OdGeVector3d::kZAxis) && !normal().isZeroLength()) made->setNormal(normal());
+    if (getConstantWidth() != 0) made->setConstantWidth(getConstantWidth());
+    made->setClosed(each.isClosed);
+    for (unsigned int i = 0; i < each.points.size(); ++i)
+      made->addVertexAt(i, each.points[i], each.bulges[i]);
+    addOffset(made, curves);
+  }
+  return found.empty() ? eInvalidInput : eOk;
 }

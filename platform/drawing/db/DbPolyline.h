@@ -1,12 +1,12 @@
 #pragma once
-#include "DbEntity.h"
+#include "DbCurve.h"
 #include "Ge/GePoint2d.h"
 #include <vector>
 
 /// A polyline in a plane, of straight and circular segments. Vertices are given in the coordinates of the
 /// plane (normal and elevation). Indexes that are out of range throw OdError_InvalidIndex. Access to a vertex
-/// costs the same however many there are.
-class OdDbPolyline : public OdDbEntity {
+/// costs the same however many there are. The parameters of the curve count the vertices.
+class OdDbPolyline : public OdDbCurve {
   ODRX_DECLARE_MEMBERS(OdDbPolyline);
 
 public:
@@ -29,7 +29,7 @@ public:
   /// 0 when the vertex has none.
   OdInt32 getVertexIdentifierAt(unsigned int index) const;
 
-  bool isClosed() const;
+  bool isClosed() const override;
   void setClosed(bool closed);
   /// Whether linetypes run on through the vertices.
   bool hasPlinegen() const;
@@ -50,9 +50,13 @@ public:
   /// Circular segments and widths refuse what would stretch them unevenly.
   OdResult transformBy(const OdGeMatrix3d& matrix) override;
   /// Into lines and arcs.
-  OdResult explode(OdArray<OdRxObjectPtr>& pieces) const override;
+  OdResult explode(OdRxObjectPtrArray& pieces) const override;
   OdResult getGeomExtents(OdGeExtents3d& extents) const override;
+  /// Polylines without widths of their own. What comes nearer than the distance is left out, so there can be
+  /// several; eInvalidInput when nothing is left.
+  OdResult getOffsetCurves(double distance, OdRxObjectPtrArray& curves) const override;
   OdDbSchema schema() const override;
+  std::unique_ptr<OdGeCurve3d> makeGeCurve() const override;
   void groupsReplaced() override { m_known = false; }
 
 private:

@@ -32,7 +32,9 @@ int sectionsEnd(const OdDbGroupList& groups) {
 int followers(const OdDbGroupList& groups, int index, OdDbFieldKind kind, int end) {
   int step = 10;
   int wanted = 0;
-  if (kind == OdDbFieldKind::kPoint3d || kind == OdDbFieldKind::kVector3d) wanted = 2;
+  if (kind == OdDbFieldKind::kPoint3d || kind == OdDbFieldKind::kVector3d ||
+      kind == OdDbFieldKind::kDirection)
+    wanted = 2;
   if (kind == OdDbFieldKind::kPoint2d) wanted = 1;
   if (kind == OdDbFieldKind::kScale3d) {
     wanted = 2;
@@ -173,6 +175,11 @@ static void appendField(OdDbGroupList& groups, const OdDbField& field) {
     groups.append(OdDbGroup::ofReal(field.code, 0));
     groups.append(OdDbGroup::ofReal(field.code + 10, 0));
     groups.append(OdDbGroup::ofReal(field.code + 20, field.number));
+    break;
+  case OdDbFieldKind::kDirection:
+    groups.append(OdDbGroup::ofReal(field.code, field.number));
+    groups.append(OdDbGroup::ofReal(field.code + 10, 0));
+    groups.append(OdDbGroup::ofReal(field.code + 20, 0));
     break;
   case OdDbFieldKind::kScale3d:
     for (int i = 0; i < 3; ++i) groups.append(OdDbGroup::ofReal(field.code + i, field.number));

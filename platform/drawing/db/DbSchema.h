@@ -14,9 +14,10 @@ enum class OdDbFieldKind : OdUInt8 {
   kAngle,    ///< degrees in the groups, radians in the interface
   kReal,
   kPoint2d,
-  kPoint3d,  ///< code, code + 10, code + 20
-  kVector3d, ///< code, code + 10, code + 20
-  kScale3d,  ///< code, code + 1, code + 2
+  kPoint3d,   ///< code, code + 10, code + 20
+  kVector3d,  ///< code, code + 10, code + 20
+  kDirection, ///< the same; its default is along X
+  kScale3d,   ///< code, code + 1, code + 2
 };
 
 struct OdDbField {
@@ -24,7 +25,8 @@ struct OdDbField {
   OdDbFieldKind kind;
   /// Whether a new object is stored with this group even while it has the default value.
   bool always = false;
-  /// Default of numbers; of points and vectors their last coordinate (the others are 0); of scales all three.
+  /// Default of numbers; of points and vectors their last coordinate, of directions the first (the others are
+  /// 0); of scales all three.
   double number = 0;
   /// Default of texts.
   const char* text = "";

@@ -1,6 +1,7 @@
 #include "DbStore.h"
 #include "DbDatabase.h"
 #include "DbObject.h"
+#include "DbPolylineSequence.h"
 #include "sys/pages.h"
 #include <algorithm>
 #include <bit>
@@ -105,9 +106,14 @@ OdUInt16 OdDbStore::typeIndex(std::string_view dxfName, bool entity) {
   static const OdRxClass* entityClass = odrxGetClassByName(L"OdDbEntity");
   if (!cls || cls->isDerivedFrom(entityClass) != entity) cls = keptAsRead(entity);
   const auto index = static_cast<OdUInt16>(types.size());
-  types.push_back({std::string(dxfName), cls});
+  types.push_back({std::string(dxfName), cls, entity && odDbSequences::isShared(dxfName)});
   m_typeByName.emplace(std::pair(std::string(dxfName), entity), index);
   return index;
+}
+
+const OdRxClass* OdDbStore::classOf(const OdDbStub& stub) const {
+  const OdDbType& type = types[stub.type];
+  return type.isShared ? odDbSequences::classOf(stub) : type.cls;
 }
 
 OdUInt16 OdDbStore::tableTypeIndex(std::string_view tableName) {
@@ -190,6 +196,7 @@ void OdDbStore::link(OdDbStub* stub, OdDbStub* after) {
   if (!after) after = list->last;
   if (after && after == list->last && isEndMark(after) && !isEndMark(stub)) after = after->previous;
   list->link(stub, after);
+  ++revision;
   undo.noteLink(stub);
   refreshRecordName(stub);
 }
@@ -205,7 +212,7 @@ OdDbObject* OdDbStore::open(OdDbStub* stub) {
     stub->live->addRef();
     return stub->live;
   }
-  auto* object = static_cast<OdDbObject*>(types[stub->type].cls->create().detach());
+  auto* object = static_cast<OdDbObject*>(classOf(*stub)->create().detach());
   attach(stub, object);
   return object;
 }

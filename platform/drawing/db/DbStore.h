@@ -24,6 +24,7 @@ public:
 struct OdDbType {
   std::string dxfName;
   const OdRxClass* cls;
+  bool isShared = false; ///< several classes have the name; the contents of a record tell which
 };
 
 /// A section of the file in its place. `raw` is everything between the section's name and its ENDSEC, for
@@ -96,9 +97,13 @@ public:
   void storeHeaderVariable(const std::string& name, OdDbGroupListPtr groups);
 
   // --- objects ---
+  /// Grows with each change of an object or of a list of objects, recorded or not.
+  OdUInt64 revision = 0;
   std::vector<OdDbType> types;
   /// Index of the type with this record name; unknown names get the class for kept entities or objects.
   OdUInt16 typeIndex(std::string_view dxfName, bool entity);
+  /// The class that an object is opened as.
+  const OdRxClass* classOf(const OdDbStub& stub) const;
   /// The type of a TABLE record: its record name is "TABLE", its class the one registered under "TABLE LAYER"
   /// and so on.
   OdUInt16 tableTypeIndex(std::string_view tableName);

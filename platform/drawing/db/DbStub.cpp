@@ -67,7 +67,9 @@ void OdDbStub::exchange(OdDbStubState& saved) {
   if (live && !sameClass) live->detachFromStub();
   if (live) {
     live->m_groups.reset();
+    ++live->m_revision;
     live->groupsReplaced();
   }
+  ++store->revision;
   store->refreshRecordName(this);
 }

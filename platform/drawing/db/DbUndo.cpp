@@ -49,6 +49,7 @@ void OdDbUndoLog::invert(Entry& entry) {
       linked->stub->flags &= static_cast<OdUInt16>(~OdDbStub::kDetached);
     }
     linked->linked = !linked->linked;
+    ++m_store.revision;
     m_store.refreshRecordName(linked->stub);
   } else if (auto* header = std::get_if<Header>(&entry)) {
     const OdDbHeaderVariable* variable = m_store.headerVariable(header->name);

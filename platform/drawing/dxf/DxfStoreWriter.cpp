@@ -1,4 +1,5 @@
 #include "DxfStoreWriter.h"
+#include "ClassRecords.h"
 #include "DbObject.h"
 #include "DxfForm.h"
 #include "DxfHeaderText.h"
@@ -103,6 +104,7 @@ bool DxfStoreWriter::isStored(const std::string& tableName) const {
 
 bool DxfStoreWriter::hasContents(std::string_view section) const {
   if (section == "HEADER") return !m_store.header.empty();
+  if (section == "CLASSES") return !dxfMissingClasses(m_store, {}).empty();
   if (section == "TABLES")
     return std::any_of(m_store.tables.begin(), m_store.tables.end(),
                        [this](const auto& table) { return isStored(table.first) && isLive(table.second); });
@@ -162,6 +164,8 @@ void DxfStoreWriter::writeSection(const OdDbSection& section) {
     writeSpaces();
   else if (section.name == "OBJECTS")
     writeList(&m_store.objects);
+  else if (section.name == "CLASSES")
+    writeClasses(section.raw);
   else
     m_output.slice(section.raw);
   if (section.foot.empty())
@@ -185,6 +189,12 @@ void DxfStoreWriter::writeHeader(std::string_view asRead) {
     m_output.text(9, variable.name);
     for (const OdDbGroup& group : variable.groups->items) m_filer.wrStored(*variable.groups, group);
   }
+}
+
+void DxfStoreWriter::writeClasses(std::string_view asRead) {
+  m_output.slice(asRead);
+  for (const DxfClassRecord& record : dxfMissingClasses(m_store, asRead))
+    dxfWriteClass(m_filer, record, m_store.version);
 }
 
 void DxfStoreWriter::writeTables() {

@@ -21,6 +21,7 @@ private:
   bool hasContents(std::string_view section) const;
   void writeSection(const OdDbSection& section);
   void writeHeader(std::string_view asRead);
+  void writeClasses(std::string_view asRead);
   void writeTables();
   void writeBlocks();
   std::vector<const OdDbStub*> spaces() const;

@@ -1,4 +1,5 @@
 #include "DxfVerifier.h"
+#include "ClassRecords.h"
 #include "DxfForm.h"
 #include "DxfHeaderText.h"
 #include <algorithm>
@@ -44,11 +45,28 @@ private:
     if (std::find(std::begin(kModelled), std::end(kModelled), name) != std::end(kModelled)) return;
     while (m_source->next(m_record) && m_record.name != "ENDSEC") {}
     const std::string_view bytes(begin, static_cast<std::size_t>(m_record.place - begin));
-    const auto isThis = [&](const OdDbSection& section) {
-      return section.name == name && section.raw == bytes;
-    };
-    if (std::none_of(m_store.sections.begin(), m_store.sections.end(), isThis))
+    const auto isNamed = [&](const OdDbSection& section) { return section.name == name; };
+    const auto read = std::find_if(m_store.sections.begin(), m_store.sections.end(), isNamed);
+    const std::string_view before = read == m_store.sections.end() ? std::string_view() : read->raw;
+    const bool isSame =
+        std::any_of(m_store.sections.begin(), m_store.sections.end(),
+                    [&](const OdDbSection& section) { return isNamed(section) && section.raw == bytes; });
+    if (!isSame && !(name == "CLASSES" && bytes.starts_with(before) && addsClasses(before, bytes)))
       fail("section " + name + " differs from what was read");
+  }
+
+  /// Whether what stands behind the declarations as read are those that were missing, no more and no less.
+  bool addsClasses(std::string_view before, std::string_view bytes) const {
+    constexpr int kRecordName = 1;
+    std::vector<std::string_view> added;
+    m_parser->visit(bytes.substr(before.size()), [&](const DxfRawGroup& group, const char*) {
+      if (group.code == kRecordName) added.push_back(group.value);
+    });
+    const std::vector<DxfClassRecord> missing = dxfMissingClasses(m_store, before);
+    return !missing.empty() && std::equal(added.begin(), added.end(), missing.begin(), missing.end(),
+                                          [](std::string_view name, const DxfClassRecord& record) {
+                                            return name == record.record;
+                                          });
   }
 
   void verifyHeader(std::string_view bytes) const {

@@ -1,5 +1,6 @@
 #include "ReleaseUpgrade.h"
 #include "AuditNames.h"
+#include "ClassRecords.h"
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
 #include "DbStoreWalk.h"
@@ -335,9 +336,7 @@ void Upgrade::leaveShortCodes() {
 
 /// Declares the kinds of objects that were added, behind the declarations of the drawing.
 void Upgrade::addClasses() {
-  constexpr std::string_view kClasses[][2] = {{"ACDBDICTIONARYWDFLT", "AcDbDictionaryWithDefault"},
-                                              {"ACDBPLACEHOLDER", "AcDbPlaceHolder"},
-                                              {"LAYOUT", "AcDbLayout"}};
+  constexpr std::string_view kAdded[] = {"ACDBDICTIONARYWDFLT", "ACDBPLACEHOLDER", "LAYOUT"};
   std::vector<OdDbSection>& sections = m_store.sections;
   auto classes = std::find_if(sections.begin(), sections.end(),
                               [](const OdDbSection& section) { return section.name == "CLASSES"; });
@@ -347,15 +346,9 @@ void Upgrade::addClasses() {
       [&text](std::string_view bytes) { text->append(bytes); }, DxfStoreWriter::styleOf(m_store));
   OdDbDxfFileFiler filer(*output, static_cast<const OdDbDxfTextCodec&>(*m_store.codec), &m_database);
   const std::string before = *text;
-  for (const auto& [record, className] : kClasses) {
-    if (before.find(record) != std::string::npos) continue;
-    filer.wrName(0, L"CLASS");
-    filer.wrString(1, OdString::fromUtf8(record));
-    filer.wrString(2, OdString::fromUtf8(className));
-    filer.wrString(3, L"ObjectDBX Classes");
-    filer.wrInt32(90, 0);
-    filer.wrInt8(280, 0);
-    filer.wrInt8(281, 0);
+  for (const DxfClassRecord& known : dxfClassRecords()) {
+    const bool isAdded = std::find(std::begin(kAdded), std::end(kAdded), known.record) != std::end(kAdded);
+    if (isAdded && before.find(known.record) == std::string::npos) dxfWriteClass(filer, known, OdDb::vAC15);
   }
   output->finish();
   if (classes == sections.end()) {
