@@ -92,6 +92,7 @@ void readSplineEdge(GroupReader& groups, Points& points, const Brush& brush) {
   std::vector<double> knots;
   std::vector<double> weights;
   Points controls;
+  knots.reserve(static_cast<std::size_t>(knotCount));
   for (int i = 0; i < knotCount; ++i) knots.push_back(groups.real(40));
   for (int i = 0; i < controlCount; ++i) {
     controls.push_back(groups.point(10));
