@@ -18,7 +18,7 @@ public:
   StandardStreams& operator=(const StandardStreams&) = delete;
 
 private:
-  unsigned m_codePage = 0; ///< what the terminal took before
+  [[maybe_unused]] unsigned m_codePage = 0; ///< what the terminal took before, where it takes one
 };
 
 } // namespace sys
