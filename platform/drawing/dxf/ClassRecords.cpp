@@ -1,7 +1,7 @@
 #include "ClassRecords.h"
 #include "DbStoreWalk.h"
 #include "DxfForm.h"
-#include <algorithm>
+#include <set>
 
 namespace {
 
@@ -14,13 +14,23 @@ constexpr DxfClassRecord kRecords[] = {
     {"WIPEOUTVARIABLES", "AcDbWipeoutVariables", "WipeOut", 0, false},
 };
 
-bool isMade(const OdDbStore& store, std::string_view record) {
-  const auto isNamed = [record](const OdDbType& type) { return type.dxfName == record; };
-  if (std::none_of(store.types.begin(), store.types.end(), isNamed)) return false;
-  bool found = false;
-  odDbVisitAll(store, [&](const OdDbStub* stub) {
-    found = found || ((stub->flags & OdDbStub::kMade) && stub->dxfName() == record && !stub->isErased());
+std::set<std::string_view> kindsMade(const OdDbStore& store) {
+  std::set<std::string_view> kinds;
+  odDbVisitAll(store, [&kinds](const OdDbStub* stub) {
+    if ((stub->flags & OdDbStub::kMade) && !stub->isErased()) kinds.insert(stub->dxfName());
   });
+  return kinds;
+}
+
+bool isDeclared(const OdDbStore& store, std::string_view record) {
+  constexpr int kRecordName = 1;
+  const auto* parser = static_cast<const DxfParser*>(store.parser.get());
+  bool found = false;
+  for (const OdDbSection& section : store.sections)
+    if (parser && section.name == "CLASSES")
+      parser->visit(section.raw, [&](const DxfRawGroup& group, const char*) {
+        found = found || (group.code == kRecordName && group.value == record);
+      });
   return found;
 }
 
@@ -28,22 +38,12 @@ bool isMade(const OdDbStore& store, std::string_view record) {
 
 std::span<const DxfClassRecord> dxfClassRecords() { return kRecords; }
 
-bool dxfDeclares(const OdDbStore& store, std::string_view section, std::string_view record) {
-  constexpr int kRecordName = 1;
-  const auto* parser = static_cast<const DxfParser*>(store.parser.get());
-  if (!parser || section.empty()) return false;
-  bool found = false;
-  parser->visit(section, [&](const DxfRawGroup& group, const char*) {
-    found = found || (group.code == kRecordName && group.value == record);
-  });
-  return found;
-}
-
-std::vector<DxfClassRecord> dxfMissingClasses(const OdDbStore& store, std::string_view section) {
+std::vector<DxfClassRecord> dxfMissingClasses(const OdDbStore& store) {
   std::vector<DxfClassRecord> missing;
   if (store.version < OdDb::vAC12) return missing; // there is no such section
+  const std::set<std::string_view> made = kindsMade(store);
   for (const DxfClassRecord& known : kRecords)
-    if (isMade(store, known.record) && !dxfDeclares(store, section, known.record)) missing.push_back(known);
+    if (made.contains(known.record) && !isDeclared(store, known.record)) missing.push_back(known);
   return missing;
 }
 

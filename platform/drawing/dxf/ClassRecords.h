@@ -15,8 +15,6 @@ struct DxfClassRecord {
 
 /// The kinds that the library makes.
 std::span<const DxfClassRecord> dxfClassRecords();
-/// Whether the contents of a CLASSES section declare the kind of record.
-bool dxfDeclares(const OdDbStore& store, std::string_view section, std::string_view record);
-/// The kinds that were made since the drawing was read and that the section does not declare.
-std::vector<DxfClassRecord> dxfMissingClasses(const OdDbStore& store, std::string_view section);
+/// The kinds that were made since the drawing was read and that none of its CLASSES sections declares.
+std::vector<DxfClassRecord> dxfMissingClasses(const OdDbStore& store);
 void dxfWriteClass(OdDbDxfFiler& filer, const DxfClassRecord& record, OdDb::DwgVersion version);

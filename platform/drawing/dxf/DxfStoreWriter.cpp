@@ -1,5 +1,4 @@
 #include "DxfStoreWriter.h"
-#include "ClassRecords.h"
 #include "DbObject.h"
 #include "DxfForm.h"
 #include "DxfHeaderText.h"
@@ -80,7 +79,8 @@ DxfStyle DxfStoreWriter::styleOf(const OdDbStore& store) {
 
 DxfStoreWriter::DxfStoreWriter(OdDbStore& store, DxfOutput& output)
     : m_store(store), m_output(output), m_filer(output, codecOf(store), store.database),
-      m_modelSpace(store.space(false)), m_paperSpace(store.space(true)) {}
+      m_modelSpace(store.space(false)), m_paperSpace(store.space(true)),
+      m_missingClasses(dxfMissingClasses(store)) {}
 
 const OdDbGroupList* DxfStoreWriter::replacement(const OdDbStub* stub) const {
   const auto found = m_replacements.find(stub);
@@ -104,7 +104,7 @@ bool DxfStoreWriter::isStored(const std::string& tableName) const {
 
 bool DxfStoreWriter::hasContents(std::string_view section) const {
   if (section == "HEADER") return !m_store.header.empty();
-  if (section == "CLASSES") return !dxfMissingClasses(m_store, {}).empty();
+  if (section == "CLASSES") return !m_missingClasses.empty();
   if (section == "TABLES")
     return std::any_of(m_store.tables.begin(), m_store.tables.end(),
                        [this](const auto& table) { return isStored(table.first) && isLive(table.second); });
@@ -191,10 +191,11 @@ void DxfStoreWriter::writeHeader(std::string_view asRead) {
   }
 }
 
+/// What is missing is declared in the first of these sections; only damaged files have more than one.
 void DxfStoreWriter::writeClasses(std::string_view asRead) {
   m_output.slice(asRead);
-  for (const DxfClassRecord& record : dxfMissingClasses(m_store, asRead))
-    dxfWriteClass(m_filer, record, m_store.version);
+  for (const DxfClassRecord& record : m_missingClasses) dxfWriteClass(m_filer, record, m_store.version);
+  m_missingClasses.clear();
 }
 
 void DxfStoreWriter::writeTables() {

@@ -1,5 +1,6 @@
 #pragma once
 // Walks the store of a database and writes its records. Internal to the file writers.
+#include "ClassRecords.h"
 #include "DbStore.h"
 #include "DxfFileFiler.h"
 #include <unordered_map>
@@ -37,6 +38,7 @@ private:
   OdDbDxfFileFiler m_filer;
   OdDbStub* m_modelSpace;
   OdDbStub* m_paperSpace;
+  std::vector<DxfClassRecord> m_missingClasses; ///< not declared yet
   std::vector<const OdDbStub*> m_written;
   std::unordered_map<const OdDbStub*, OdDbGroupListPtr> m_replacements;
 };

@@ -45,24 +45,23 @@ private:
     if (std::find(std::begin(kModelled), std::end(kModelled), name) != std::end(kModelled)) return;
     while (m_source->next(m_record) && m_record.name != "ENDSEC") {}
     const std::string_view bytes(begin, static_cast<std::size_t>(m_record.place - begin));
-    const auto isNamed = [&](const OdDbSection& section) { return section.name == name; };
-    const auto read = std::find_if(m_store.sections.begin(), m_store.sections.end(), isNamed);
-    const std::string_view before = read == m_store.sections.end() ? std::string_view() : read->raw;
     const bool isSame =
-        std::any_of(m_store.sections.begin(), m_store.sections.end(),
-                    [&](const OdDbSection& section) { return isNamed(section) && section.raw == bytes; });
-    if (!isSame && !(name == "CLASSES" && bytes.starts_with(before) && addsClasses(before, bytes)))
+        std::any_of(m_store.sections.begin(), m_store.sections.end(), [&](const auto& section) {
+          if (section.name != name || !bytes.starts_with(section.raw)) return false;
+          return section.raw == bytes || (name == "CLASSES" && addsClasses(bytes.substr(section.raw.size())));
+        });
+    if (!isSame && !(name == "CLASSES" && addsClasses(bytes)))
       fail("section " + name + " differs from what was read");
   }
 
-  /// Whether what stands behind the declarations as read are those that were missing, no more and no less.
-  bool addsClasses(std::string_view before, std::string_view bytes) const {
+  /// Whether these declarations are those that were missing, no more and no less.
+  bool addsClasses(std::string_view bytes) const {
     constexpr int kRecordName = 1;
     std::vector<std::string_view> added;
-    m_parser->visit(bytes.substr(before.size()), [&](const DxfRawGroup& group, const char*) {
+    m_parser->visit(bytes, [&](const DxfRawGroup& group, const char*) {
       if (group.code == kRecordName) added.push_back(group.value);
     });
-    const std::vector<DxfClassRecord> missing = dxfMissingClasses(m_store, before);
+    const std::vector<DxfClassRecord> missing = dxfMissingClasses(m_store);
     return !missing.empty() && std::equal(added.begin(), added.end(), missing.begin(), missing.end(),
                                           [](std::string_view name, const DxfClassRecord& record) {
                                             return name == record.record;
