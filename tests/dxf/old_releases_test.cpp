@@ -229,6 +229,15 @@ TEST(OldReleaseTest, ChangedRecordsHaveHandlesWhereTheFileHasThem) {
   }
 }
 
+TEST(OldReleaseTest, ObjectsOfLaterReleasesKeepTheirForm) {
+  const std::string objects = dxf("0 SECTION|2 OBJECTS|0 DICTIONARY|5 A|330 0|100 AcDbDictionary|3 X|350 B|"
+                                  "0 DICTIONARY|5 B|330 A|100 AcDbDictionary|281      1|0 ENDSEC|0 EOF");
+  const std::string text = dxf("0 SECTION|2 HEADER|9 $ACADVER|1 AC1009|0 ENDSEC") + objects;
+  const OdDbDatabasePtr database = test::drawingFromText(text);
+  OdDbObjectId(database->store().find(0xA)).openObject(OdDb::kForWrite)->mutableGroups();
+  EXPECT_THAT(test::savedBytes(*database), testing::EndsWith(objects));
+}
+
 TEST(OldReleaseTest, WhatAReleaseCannotStoreIsRefusedByName) {
   struct Case {
     std::string text;

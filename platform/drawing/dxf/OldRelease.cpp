@@ -169,6 +169,8 @@ std::string Form::novelty() const {
 
 bool Form::isStored(const OdDbGroup& group, std::string_view section) const {
   if (group.code >= kFirstXDataCode) return true;
+  // These releases know no objects; what a file holds all the same is in the form of a later one.
+  if ((m_stub.flags & OdDbStub::kInObjects) && m_rules < OdDb::vAC12) return true;
   if (group.flags & OdDbGroup::kOwner) return m_rules > OdDb::vAC12;
   if (group.flags & OdDbGroup::kOwnHandle) {
     const OdDbStore& store = *m_stub.store;
