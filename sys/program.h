@@ -13,7 +13,7 @@ std::vector<std::string> programArguments(int argc, const char* const* argv);
 class StandardStreams {
 public:
   StandardStreams();
-  ~StandardStreams();
+  ~StandardStreams(); // NOLINT(performance-trivially-destructible): on Windows there is something to put back
   StandardStreams(const StandardStreams&) = delete;
   StandardStreams& operator=(const StandardStreams&) = delete;
 
