@@ -3,10 +3,12 @@
 #include "DbBlockReference.h"
 #include "DbBlockTableRecord.h"
 #include "DbLine.h"
+#include "DbWipeout.h"
 #include "DxfReader.h"
 #include "DxfWriter.h"
 #include "dxf_text.h"
 #include "support/drawings.h"
+#include <filesystem>
 #include <gmock/gmock.h>
 
 namespace {
@@ -157,6 +159,24 @@ TEST(RoundTripTest, EntitiesOfABlockWithoutDefinitionStayWhereTheyStood) {
   text.insert(at - 5,
               dxf("0 BLOCK_RECORD|5 30|330 1|100 AcDbSymbolTableRecord|100 AcDbBlockTableRecord|2 A"));
   EXPECT_EQ(savedBytes(*drawingFromText(text)), text);
+}
+
+TEST(RoundTripTest, MissingClassesAreDeclaredOnceAmongSeveralSections) {
+  std::string text = entities("0 LINE|5 2A|330 1F|8 0");
+  const std::string classes = dxf("0 SECTION|2 CLASSES|0 ENDSEC");
+  text.insert(text.find(dxf("0 SECTION|2 TABLES")), classes + classes);
+  const OdDbDatabasePtr database = drawingFromText(text);
+  const OdDbWipeoutPtr mask = OdDbWipeout::createObject();
+  ASSERT_EQ(mask->setBoundary({{0, 0, 0}, {1, 0, 0}, {0, 1, 0}}), eOk);
+  const OdDbBlockTableRecordPtr space = database->getModelSpaceId().safeOpenObject(OdDb::kForWrite);
+  space->appendOdDbEntity(mask);
+  const std::string file = testing::TempDir() + "classes.dxf";
+  ASSERT_NO_THROW(odDbWriteFile(*database, OdString::fromUtf8(file)));
+  std::filesystem::remove(file);
+  const std::string saved = savedBytes(*database);
+  const std::size_t first = saved.find(dxf("0 CLASS|1 WIPEOUT"));
+  ASSERT_NE(first, std::string::npos);
+  EXPECT_EQ(saved.find(dxf("0 CLASS|1 WIPEOUT"), first + 1), std::string::npos);
 }
 
 TEST(RoundTripTest, ErasedObjectsAreLeftOut) {
