@@ -1,6 +1,7 @@
 // The commands of the module, registered with the host while the module is loaded, and where its dialogs look
 // for their user.
 #include "attext/attext_command.h"
+#include "construct/ray_command.h"
 #include "frame/host_lookup.h"
 #include "frame/registration.h"
 #include "frame/test_command.h"
@@ -12,6 +13,7 @@ using frame::CommandRegistration;
 using frame::createCommand;
 
 const CommandRegistration elxTest{"ElxTest", &createCommand<TestCmd>};
+const CommandRegistration ray{"Ray", &createCommand<CRayCmd>};
 const CommandRegistration attExt{"AttExt", &createCommand<AttExtCmd>};
 
 /// Whom the host offers to work dialogs in place of a person at a window; mostly nobody.

@@ -26,6 +26,7 @@ FLOORS = {
     "module/res": PUBLIC,
     "module/frame": PUBLIC + ["module/res"],
     "module/ui": PUBLIC + ["module/res", "module/frame"],
+    "module/construct": PUBLIC + ["module/res", "module/frame"],
     "module/attext": PUBLIC + ["module/res", "module/frame", "module/ui"],
     "app": DRAWING + ["platform/drawing/dxf", "platform/host", "platform/host/include", "sys"],
 }

@@ -4,6 +4,7 @@
 #include "ICmdFactory.h"
 #include "QkCore.h"
 #include "common/Unknown.h"
+#include "hostgsmanager/Display.h"
 
 namespace host {
 
@@ -47,8 +48,7 @@ HostRoot* root() {
   return HostSession::current() ? &theRoot : nullptr;
 }
 
-// A console has no display that could be out of date.
-void regenerate(int) {}
+void regenerate(int) { display().regenerate(); }
 
 HostColorScheme* colorScheme() {
   static ColorScheme scheme;

@@ -37,6 +37,10 @@ bool hostdbAngToF(const OdChar* text, int units, double& radians);
 /// in its direction. `units` -1 takes AUNITS, `precision` -1 AUPREC.
 OdString hostdbAngToS(double radians, int units, int precision, const OdDbDatabase* database);
 
+/// A variable of the drawing that holds a direction or a point, by its name: "UCSXDIR", "UCSYDIR", "UCSORG".
+/// False, with `value` left alone, when there is no such variable.
+bool hostdbGetVar(const OdDbDatabase* database, const OdChar* name, OdGeVector3d& value);
+
 /// The Z direction of the current coordinate system, in world coordinates.
 OdGeVector3d get_UCSZDIR(const OdDbDatabase* database);
 

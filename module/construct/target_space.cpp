@@ -1,0 +1,22 @@
+#include "target_space.h"
+#include "DbBlockTableRecord.h"
+#include "DbDatabase.h"
+#include "DbEntity.h"
+#include "DbViewport.h"
+
+namespace construct {
+
+OdDbObjectId targetSpace(const OdDbDatabase& database) {
+  const OdDbObjectId space = database.getActiveLayoutBTRId();
+  if (space != database.getPaperSpaceId()) return space;
+  // Number 1 is the sheet of the layout, higher ones are windows to model space.
+  const OdSmartPtr<OdDbViewport> viewport = database.activeViewportId().safeOpenObject();
+  return viewport->number() > 1 ? database.getModelSpaceId() : space;
+}
+
+OdDbObjectId append(OdDbObjectId owner, OdDbEntity* entity) {
+  const OdSmartPtr<OdDbBlockTableRecord> record = owner.safeOpenObject(OdDb::kForWrite);
+  return record->appendOdDbEntity(entity);
+}
+
+} // namespace construct
