@@ -5,7 +5,7 @@ set(resource_include ${CMAKE_SOURCE_DIR}/module/res)
 
 # compile_resources(SCRIPT OUTPUT): the binary form of a script, which may include headers of module/res.
 function(compile_resources script output)
-  file(GLOB headers ${resource_include}/*.h)
+  file(GLOB headers ${resource_include}/*.h ${resource_include}/icons/*)
   if(RESOURCE_COMPILER)
     add_custom_command(OUTPUT ${output} DEPENDS ${script} ${headers} ${ARGN} VERBATIM
       COMMENT "Compiling ${script}"
@@ -15,7 +15,7 @@ function(compile_resources script output)
     add_custom_command(OUTPUT ${output} DEPENDS ${script} ${headers} ${ARGN} VERBATIM
       COMMENT "Compiling ${script}"
       COMMAND ${CMAKE_CXX_COMPILER} -E -P -xc -DRC_INVOKED -I ${resource_include} -o ${output}.rc ${script}
-      COMMAND ${LLVM_RC} /no-preprocess /FO ${output} ${output}.rc)
+      COMMAND ${LLVM_RC} /no-preprocess /I ${resource_include} /FO ${output} ${output}.rc)
   else()
     message(FATAL_ERROR "No resource compiler: install binutils-mingw-w64-x86-64 or llvm.")
   endif()

@@ -5,7 +5,7 @@
 
 namespace res {
 
-enum class ResourceType : unsigned { dialog = 5, stringTable = 6 };
+enum class ResourceType : unsigned { icon = 3, menu = 4, dialog = 5, stringTable = 6, iconGroup = 14 };
 
 /// The data of one of the module's resources, or nothing when it has none of that number. It stays as long as
 /// the module.

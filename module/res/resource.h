@@ -5,6 +5,13 @@
 // Dialogs
 #define IDD_ATTEXT 102
 
+// Icons of buttons
+#define IDI_INSERT_FIELD 118
+#define IDI_PICK_ROTATION 119
+#define IDI_PICK_HEIGHT 120
+#define IDI_PICK_WIDTH 121
+#define IDI_PICK_BLOCK 2760
+
 // Buttons that every dialog numbers alike
 #ifndef IDOK
 #define IDOK 1

@@ -24,23 +24,28 @@ void reportPress(DialogEvents& events, int id) {
   }
 }
 
-Dialog::Dialog(unsigned number, OdString section) : m_number(number), m_section(std::move(section)) {}
+Dialog::Dialog(unsigned number, OdString section) : Form(number), m_section(std::move(section)) {}
 
 Dialog::~Dialog() = default;
 
 int Dialog::doModal() {
-  if (m_face) throw std::logic_error("dialog " + std::to_string(m_number) + " is shown already");
-  m_face = makeFace(m_number, res::dialogBytes(m_number), *this, findDialogUser());
+  if (m_face) throw std::logic_error("dialog " + std::to_string(number()) + " is shown already");
+  m_face = makeFace(number(), res::dialogBytes(number()), *this, findDialogUser());
   struct Closing {
-    std::unique_ptr<Face>& face;
-    ~Closing() { face.reset(); }
-  } closing{m_face};
+    Dialog& dialog;
+    ~Closing() { dialog.forget(); }
+  } closing{*this};
+  m_shownBy = m_face.get();
+  m_form = &m_face->frame();
+  for (const auto& [name, handler] : m_handlers) m_face->listen(name);
   return m_face->run();
 }
 
-Face& Dialog::face() const {
-  if (!m_face) throw std::logic_error("dialog " + std::to_string(m_number) + " is not shown");
-  return *m_face;
+void Dialog::forget() {
+  for (Page* page : m_pages) page->m_form = nullptr;
+  m_pages.clear();
+  m_form = nullptr;
+  m_face.reset();
 }
 
 void Dialog::onOpen() {
@@ -56,31 +61,39 @@ void Dialog::end(int code) {
 
 OdString Dialog::title() const { return face().titleText(); }
 void Dialog::setTitle(const OdString& title) { face().setTitle(title); }
-OdString Dialog::text(int id) const { return face().text(id); }
-void Dialog::setText(int id, const OdString& text) { face().setText(id, text); }
-bool Dialog::isEnabled(int id) const { return face().isEnabled(id); }
-void Dialog::enable(int id, bool on) { face().enable(id, on); }
-bool Dialog::isShown(int id) const { return face().isShown(id); }
-void Dialog::show(int id, bool on) { face().show(id, on); }
-bool Dialog::isChecked(int id) const { return face().isChecked(id); }
-void Dialog::setChecked(int id, bool on) { face().setChecked(id, on); }
-int Dialog::addItem(int id, const OdString& text) { return face().addItem(id, text); }
-void Dialog::removeItems(int id) { face().removeItems(id); }
-int Dialog::itemCount(int id) const { return face().itemCount(id); }
-OdString Dialog::itemText(int id, int index) const { return face().itemText(id, index); }
-int Dialog::selection(int id) const { return face().selection(id); }
-void Dialog::select(int id, int index) { face().select(id, index); }
-void Dialog::setFocus(int id) { face().setFocus(id); }
-int Dialog::focus() const { return face().focusedControl(); }
 Placement Dialog::placement() const { return face().placement(); }
 void Dialog::setPlacement(const Placement& placement) { face().setPlacement(placement); }
-void* Dialog::window() const { return face().window(); }
+void Dialog::setVisible(bool on) { face().setVisible(on); }
 
-MessageAnswer Dialog::messageBox(const OdString& text, const OdString& caption, MessageIcon icon,
-                                 MessageButtons buttons) {
-  return face().messageBox({text.c_str(), caption.c_str(), buttons, icon});
+void Dialog::addPage(int tabs, const OdString& title, Page& page) {
+  if (page.m_form) throw std::logic_error("page " + std::to_string(page.number()) + " is shown already");
+  page.m_form = &face().addPage(tabs, title, page.number(), res::dialogBytes(page.number()), page);
+  page.m_shownBy = m_shownBy;
+  m_pages.push_back(&page);
+  page.onInit();
 }
 
-std::optional<OdString> Dialog::askFile(const FileRequest& request) { return face().askFile(request); }
+int Dialog::activePage() const { return face().activePage(); }
+void Dialog::activatePage(int index) { face().activatePage(index); }
+
+void Dialog::listen(const OdString& name, MessageHandler handler) {
+  m_handlers[name] = std::move(handler);
+  if (m_face) m_face->listen(name);
+}
+
+void Dialog::send(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  face().send(name, first, second);
+}
+
+void Dialog::post(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  face().post(name, first, second);
+}
+
+void Dialog::onMessage(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  const auto found = m_handlers.find(name);
+  if (found == m_handlers.end()) return;
+  const MessageHandler handler = found->second; // which may listen to more
+  handler(first, second);
+}
 
 } // namespace ui

@@ -1,15 +1,14 @@
 #pragma once
-#include "OdString.h"
-#include "dialog_user.h"
+#include "page.h"
 #include <array>
 #include <cstddef>
+#include <functional>
+#include <map>
 #include <memory>
-#include <optional>
 #include <stdexcept>
+#include <vector>
 
 namespace ui {
-
-class Face;
 
 /// A dialog could not be shown or was not answered; what() is a sentence from the string table, in UTF-8.
 class DialogError : public std::runtime_error {
@@ -21,37 +20,18 @@ public:
 /// maximised position, normal rectangle; little-endian 32-bit integers.
 using Placement = std::array<std::byte, 44>;
 
-/// What a file question offers and demands; as in FileQuestion.
-struct FileRequest {
-  bool save = false;
-  OdString filter = {};
-  OdString initialPath = {};
-  OdString defaultName = {};
-  bool fileMustExist = false;
-  bool pathMustExist = false;
-  bool overwritePrompt = false;
-};
-
-/// What a face tells the dialog it shows. Notices come while the user acts; changes that the dialog makes
-/// itself (setText, setChecked, select...) bring none.
-class DialogEvents {
+class DialogEvents : public FormEvents {
 public:
   /// The dialog can be placed; comes before onInit.
   virtual void onOpen() {}
-  /// The controls exist with their texts from the template: set them from the data.
-  virtual void onInit() {}
-  /// A button was pressed, or a check box or radio button ticked by the user (its new state is set).
-  virtual void onPress(int /*id*/) {}
-  /// The text of an edit or the choice in a combo box or list was changed by the user.
-  virtual void onChange(int /*id*/) {}
-  /// An edit, combo box or list lost the focus: before the press that takes it, and when the dialog ends.
-  virtual void onLeave(int /*id*/) {}
   /// The Help button or F1.
   virtual void onHelp() {}
   /// OK, or Enter without another button.
   virtual void onOk() = 0;
   /// Cancel, Esc or the window's close button.
   virtual void onCancel() = 0;
+  /// A message that the dialog listens to.
+  virtual void onMessage(const OdString& /*name*/, std::intptr_t /*first*/, std::intptr_t /*second*/) {}
 
 protected:
   ~DialogEvents() = default;
@@ -60,71 +40,58 @@ protected:
 /// A modal dialog: holds the data and the rules and speaks to its controls by number. A class derives from
 /// it, overrides events, and keeps its data in members, which outlive a showing: one object may be shown
 /// again and again, each time with fresh controls and onInit.
-///
-/// Everything below doModal works only while the dialog is shown; otherwise, and for the number of a control
-/// that the template does not have, std::logic_error is thrown.
-class Dialog : public DialogEvents {
+class Dialog : public DialogEvents, protected Form {
 public:
   /// `number`: the template (IDD_...). `section`: where the host's profile keeps the dialog's place from one
   /// showing to the next ("Dialogs\\EAttEdit"); without one it opens at its default place each time, and so
   /// it does with the right Control key held down.
   explicit Dialog(unsigned number, OdString section = {});
   virtual ~Dialog();
-  Dialog(const Dialog&) = delete;
-  Dialog& operator=(const Dialog&) = delete;
 
   /// Shows the dialog until end() and returns the code given there. Throws DialogError when nobody can answer
   /// the dialog; an exception of an event or of the user closes the dialog and passes through.
   int doModal();
 
 protected:
+  using MessageHandler = std::function<void(std::intptr_t first, std::intptr_t second)>;
+
   void onOk() override { end(1); }
   void onCancel() override { end(2); }
 
-  /// Closes the dialog as soon as the event under way returns; the last code given counts. The control that
-  /// has the focus is left at once.
+  /// Closes the dialog as soon as the event under way returns; the last code given counts. The page that is
+  /// open is deactivated, and the control that has the focus is left, at once; onClose follows.
   void end(int code);
 
   OdString title() const;
   void setTitle(const OdString& title);
-  OdString text(int id) const;
-  void setText(int id, const OdString& text);
-  bool isEnabled(int id) const;
-  void enable(int id, bool on = true);
-  bool isShown(int id) const;
-  void show(int id, bool on = true);
-  bool isChecked(int id) const;
-  /// Checking a radio button clears the others of its group.
-  void setChecked(int id, bool on = true);
-
-  /// Combo boxes and lists. Items are counted from 0; -1 is no item.
-  int addItem(int id, const OdString& text);
-  void removeItems(int id);
-  int itemCount(int id) const;
-  OdString itemText(int id, int index) const;
-  int selection(int id) const;
-  void select(int id, int index);
-
-  void setFocus(int id);
-  /// 0 when no control has the focus.
-  int focus() const;
   Placement placement() const;
   void setPlacement(const Placement& placement);
-  /// What host services that want a parent window are given; null on a face without windows.
-  void* window() const;
+  /// Hides the whole dialog, which stays open, or shows it again.
+  void setVisible(bool on);
 
-  MessageAnswer messageBox(const OdString& text, const OdString& caption,
-                           MessageIcon icon = MessageIcon::none, MessageButtons buttons = MessageButtons::ok);
-  /// The path chosen, as the user wrote it, or nothing after Cancel.
-  std::optional<OdString> askFile(const FileRequest& request);
+  /// Puts a page behind the others of the dialog's only tab control, and calls its onInit. The page must
+  /// outlive the showing. The first page is active when the dialog opens, unless another one was activated.
+  void addPage(int tabs, const OdString& title, Page& page);
+  /// From 0; -1 while no page is active.
+  int activePage() const;
+  void activatePage(int index);
+
+  /// From now on, also in further showings, the dialog takes messages of that name, wherever they come from:
+  /// on Windows they are registered window messages, which other windows of the program may send as well.
+  void listen(const OdString& name, MessageHandler handler);
+  /// Sends a message to the dialog itself, which takes it at once, or as soon as what is under way returns.
+  void send(const OdString& name, std::intptr_t first = 0, std::intptr_t second = 0);
+  void post(const OdString& name, std::intptr_t first = 0, std::intptr_t second = 0);
 
 private:
   void onOpen() final;
-  Face& face() const;
+  void onMessage(const OdString& name, std::intptr_t first, std::intptr_t second) final;
+  void forget();
 
-  unsigned m_number;
   OdString m_section;
   std::unique_ptr<Face> m_face;
+  std::vector<Page*> m_pages;
+  std::map<OdString, MessageHandler> m_handlers;
 };
 
 /// Says how the user is found each time a dialog opens; the function may return null for "nobody". Without a

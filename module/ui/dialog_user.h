@@ -5,28 +5,69 @@
 
 namespace ui {
 
-enum class ControlKind { staticText, group, button, checkBox, radioButton, edit, comboBox, listBox };
+enum class ControlKind {
+  staticText,
+  group,
+  button,
+  checkBox,
+  radioButton,
+  edit,
+  comboBox,
+  listBox,
+  /// An edit whose text may hold fields: values that the program computes, each of which behaves as one unit.
+  richEdit,
+  /// A list of rows with columns.
+  listView,
+  /// The tabs of pages, of which one is open.
+  tabs
+};
 
 /// A place in dialog units, from the dialog's upper left corner.
 struct ControlPlace {
   int x, y, width, height;
 };
 
+/// A part of a text, in units from its beginning; begin equals end for a caret.
+struct TextRange {
+  int begin, end;
+};
+/// As the end of a range: that of the text.
+inline constexpr int wholeText = 0x7FFFFFFF;
+
+/// How a row of a list view is drawn; colours are 0xRRGGBB, -1 for the usual one.
+struct RowLook {
+  int textColor = -1;
+  int background = -1;
+  bool bold = false;
+};
+
 /// One control as its user sees it.
 struct ControlInfo {
   int id;
   ControlKind kind;
-  /// The caption with its `&`, or the contents of an edit, or the chosen item of a combo box or list.
+  /// The caption with its `&`, or the contents of an edit, or the chosen item of a combo box or list; of a
+  /// list view or tab control its name, which is not seen.
   const wchar_t* text;
+  /// What is shown while the mouse rests on it; often empty.
+  const wchar_t* tip;
   bool enabled;
   bool shown;
   /// Check boxes and radio buttons.
   bool checked;
   /// The button that Enter presses while no button has the focus.
   bool isDefault;
-  /// Combo boxes and lists: how many items there are, and which is chosen (from 0; -1 for none).
+  /// A combo box whose text can be typed as well.
+  bool editable;
+  /// Combo boxes and lists, rows of list views, pages of tabs: how many there are, and which is chosen (from
+  /// 0; -1 for none).
   int itemCount;
   int selectedItem;
+  /// List views.
+  int columnCount;
+  /// Rich edits.
+  int fieldCount;
+  /// From the template; a control of a page stands in the dialog about where its template puts it on the
+  /// tabs.
   ControlPlace place;
 };
 
@@ -55,25 +96,45 @@ public:
   virtual const wchar_t* title() const = 0;
   virtual bool hasEnded() const = 0;
   virtual int controlCount() const = 0;
-  /// The control at that place of the tab order, from 0; false when there is none.
+  /// The controls in the order of the template, from 0; those of the page that is open come behind its tabs.
+  /// False when there is none.
   virtual bool controlAt(int index, ControlInfo& info) const = 0;
   /// The control of that number; false when there is none.
   virtual bool control(int id, ControlInfo& info) const = 0;
-  /// An item of a combo box or list; null when there is none.
+  /// An item of a combo box or list, the first column of a row, the title of a page; null when there is none.
   virtual const wchar_t* item(int id, int index) const = 0;
+  /// The colour shown before an item, as 0xRRGGBB; -1 for none.
+  virtual int swatch(int id, int index) const = 0;
+  /// A text of a list view; row -1 holds the titles of the columns. Null when there is none.
+  virtual const wchar_t* cell(int id, int row, int column) const = 0;
+  virtual RowLook rowLook(int id, int row) const = 0;
+  /// Where a field of a rich edit stands in its text; the empty range at 0 when there is none.
+  virtual TextRange field(int id, int index) const = 0;
+  /// What is selected in an edit or rich edit; the empty range at 0 for other controls.
+  virtual TextRange selection(int id) const = 0;
+  /// The texts of a control's context menu, which the dialog makes anew each time; null behind the last one.
+  /// Separators are empty texts.
+  virtual const wchar_t* menuItem(int id, int index) = 0;
   /// The number of the control that has the focus; 0 for none.
   virtual int focus() const = 0;
 
-  /// Replaces the whole text of an edit. Nothing changes when it is that text already.
+  /// Changes the text of an edit, rich edit or editable combo box into this one. Nothing happens when it is
+  /// that text already. In a rich edit only what differs is typed, from its first to its last place, so that
+  /// the fields beside it stay.
   virtual Outcome type(int id, const wchar_t* text) = 0;
   /// Brings a check box or radio button to that state; a radio button cannot be unticked by itself. Nothing
   /// happens when it already is in that state.
   virtual Outcome tick(int id, bool on) = 0;
-  /// Chooses an item of a combo box or list, from 0.
+  /// Chooses an item of a combo box or list, a row, or a page, from 0.
   virtual Outcome choose(int id, int item) = 0;
+  /// Selects a part of the text of an edit or rich edit; one that cuts through a field takes the whole of it.
+  virtual Outcome selectText(int id, TextRange range) = 0;
   virtual Outcome press(int id) = 0;
-  /// Opens the context menu of a control and picks the item of that text.
-  virtual Outcome pickMenuItem(int id, const wchar_t* item) = 0;
+  /// Clicks twice on the selected row of a list view, or on the selection of a rich edit.
+  virtual Outcome doubleClick(int id) = 0;
+  /// Opens the context menu of a control and picks an item, from 0, separators counted. wrongKind without a
+  /// menu, noSuchItem and disabled by the item.
+  virtual Outcome pickMenuItem(int id, int item) = 0;
   /// Moves the focus to a control.
   virtual Outcome moveFocus(int id) = 0;
   /// Moves the focus to the next control, as Tab does.

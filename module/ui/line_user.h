@@ -10,11 +10,14 @@ namespace ui {
 /// When a dialog opens, its title and controls are printed. Then each line does one thing:
 ///
 ///     show                   print the dialog again
-///     set NAME = VALUE       type into an edit; "..." around VALUE keeps blanks at its ends
+///     set NAME = VALUE       type into an edit; "..." around VALUE keeps blanks at its ends. Fields in the
+///                            part of the text that stays the same are kept
+///     select NAME = TEXT     selects a part of an edit's text; without TEXT the end of it
 ///     tick NAME              a check box or a radio button
 ///     untick NAME            a check box
-///     choose NAME = ITEM     an item of a combo box or list, by its text
+///     choose NAME = ITEM     an item of a combo box or list, a row, or a page of tabs, by its text
 ///     row NAME = N           the N-th item or row, counted from 1
+///     open NAME              a double click: the chosen row of a list, or the field that is selected
 ///     press NAME             a button
 ///     menu NAME = ITEM       an item of a control's context menu
 ///     leave                  go on to the next control, as the Tab key does

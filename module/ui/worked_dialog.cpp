@@ -10,6 +10,11 @@ namespace {
 /// A user that does nothing so many times running would go on forever.
 constexpr int mostVainTurns = 100;
 
+constexpr std::initializer_list<ControlKind> focusable = {
+    ControlKind::button,   ControlKind::checkBox, ControlKind::radioButton,
+    ControlKind::edit,     ControlKind::comboBox, ControlKind::listBox,
+    ControlKind::richEdit, ControlKind::listView, ControlKind::tabs};
+
 } // namespace
 
 void WorkedDialog::giveTurn(DialogUser& user, const OdString& title) {
@@ -23,7 +28,7 @@ Outcome WorkedDialog::refusal(int id, Kinds kinds) const {
   ControlInfo info;
   if (!control(id, info)) return Outcome::noSuchControl;
   if (std::ranges::find(kinds, info.kind) == kinds.end()) return Outcome::wrongKind;
-  if (!info.shown) return Outcome::hidden;
+  if (!info.shown || !isVisible()) return Outcome::hidden;
   return info.enabled ? Outcome::done : Outcome::disabled;
 }
 
@@ -41,7 +46,7 @@ Outcome WorkedDialog::perform(const std::function<Outcome()>& action) {
   return outcome;
 }
 
-Outcome WorkedDialog::act(int id, Kinds kinds, const std::function<void()>& action) {
+Outcome WorkedDialog::act(int id, Kinds kinds, const std::function<Outcome()>& action) {
   return perform([&] {
     if (const Outcome refused = refusal(id, kinds); refused != Outcome::done) return refused;
     moveTo(id);
@@ -49,15 +54,17 @@ Outcome WorkedDialog::act(int id, Kinds kinds, const std::function<void()>& acti
     if (m_ended) return Outcome::ended;
     if (focus() != id) return Outcome::focusKept;
     const Outcome outcome = refusal(id, kinds);
-    if (outcome == Outcome::done) action();
-    return outcome;
+    return outcome == Outcome::done ? action() : outcome;
   });
 }
 
 Outcome WorkedDialog::type(int id, const wchar_t* text) {
-  return act(id, {ControlKind::edit}, [&] {
-    ControlInfo info;
-    if (control(id, info) && OdString(info.text) != text) replaceText(id, text);
+  ControlInfo info;
+  if (control(id, info) && info.kind == ControlKind::comboBox && !info.editable) return Outcome::wrongKind;
+  return act(id, {ControlKind::edit, ControlKind::richEdit, ControlKind::comboBox}, [&] {
+    ControlInfo now;
+    if (control(id, now) && OdString(now.text) != text) replaceText(id, text);
+    return Outcome::done;
   });
 }
 
@@ -65,37 +72,76 @@ Outcome WorkedDialog::tick(int id, bool on) {
   const auto toggle = [&] {
     ControlInfo info;
     if (control(id, info) && info.checked != on) clickOn(id);
+    return Outcome::done;
   };
   if (on) return act(id, {ControlKind::checkBox, ControlKind::radioButton}, toggle);
   return act(id, {ControlKind::checkBox}, toggle);
 }
 
 Outcome WorkedDialog::choose(int id, int item) {
+  static constexpr Kinds lists = {ControlKind::comboBox, ControlKind::listBox, ControlKind::listView};
   ControlInfo info;
-  const bool holdsItems =
-      control(id, info) && (info.kind == ControlKind::comboBox || info.kind == ControlKind::listBox);
-  if (holdsItems && !this->item(id, item)) return Outcome::noSuchItem;
-  return act(id, {ControlKind::comboBox, ControlKind::listBox}, [&] {
+  if (!control(id, info)) return Outcome::noSuchControl;
+  const bool isTabs = info.kind == ControlKind::tabs;
+  if (!isTabs && std::ranges::find(lists, info.kind) == lists.end()) return Outcome::wrongKind;
+  if (!this->item(id, item)) return Outcome::noSuchItem;
+  if (isTabs) return turn(id, item);
+  return act(id, lists, [&] {
     // Leaving the previous control may have shortened the list.
     if (this->item(id, item)) chooseItem(id, item);
+    return Outcome::done;
+  });
+}
+
+/// The open page is told before its control loses the focus, so the tabs do not take it first.
+Outcome WorkedDialog::turn(int id, int page) {
+  return perform([&] {
+    if (const Outcome refused = refusal(id, {ControlKind::tabs}); refused != Outcome::done) return refused;
+    turnTo(id, page);
+    if (m_ended) return Outcome::ended;
+    ControlInfo info;
+    return control(id, info) && info.selectedItem == page ? Outcome::done : Outcome::focusKept;
   });
 }
 
 Outcome WorkedDialog::press(int id) {
-  return act(id, {ControlKind::button}, [&] { clickOn(id); });
+  return act(id, {ControlKind::button}, [&] { return clickOn(id), Outcome::done; });
 }
 
-/// No kind of control has a context menu.
-Outcome WorkedDialog::pickMenuItem(int id, const wchar_t*) {
+Outcome WorkedDialog::selectText(int id, TextRange range) {
+  return act(id, {ControlKind::edit, ControlKind::richEdit},
+             [&] { return selectRange(id, range), Outcome::done; });
+}
+
+Outcome WorkedDialog::doubleClick(int id) {
   ControlInfo info;
-  return control(id, info) ? Outcome::wrongKind : Outcome::noSuchControl;
+  if (control(id, info) && info.kind == ControlKind::listView && info.selectedItem < 0)
+    return Outcome::noSuchItem;
+  return act(id, {ControlKind::listView, ControlKind::richEdit},
+             [&] { return clickTwice(id), Outcome::done; });
+}
+
+const wchar_t* WorkedDialog::menuItem(int id, int index) {
+  ControlInfo info;
+  if (m_ended || !control(id, info)) return nullptr;
+  if (index <= 0) m_shownMenu = menuOf(id);
+  if (index < 0 || index >= static_cast<int>(m_shownMenu.size())) return nullptr;
+  return m_shownMenu[static_cast<std::size_t>(index)].text.c_str();
+}
+
+Outcome WorkedDialog::pickMenuItem(int id, int item) {
+  return act(id, focusable, [&] {
+    const Menu menu = menuOf(id);
+    if (menu.empty()) return Outcome::wrongKind;
+    const auto index = static_cast<std::size_t>(item);
+    if (item < 0 || index >= menu.size() || menu[index].command == 0) return Outcome::noSuchItem;
+    if (!menu[index].enabled) return Outcome::disabled;
+    return chooseCommand(id, menu[index].command), Outcome::done;
+  });
 }
 
 Outcome WorkedDialog::moveFocus(int id) {
-  return act(id,
-             {ControlKind::button, ControlKind::checkBox, ControlKind::radioButton, ControlKind::edit,
-              ControlKind::comboBox, ControlKind::listBox},
-             [] {});
+  return act(id, focusable, [] { return Outcome::done; });
 }
 
 Outcome WorkedDialog::leave() {

@@ -17,21 +17,22 @@ public:
   std::vector<std::string> events;
   std::function<void()> prepare = [] {};
 
+  ui::FormFace& form() { return face->frame(); }
   int run(ui::DialogUser& user, unsigned number = 7) {
     face = ui::makeFace(number, everythingDialog(number), *this, &user);
     return face->run();
   }
 
   void onInit() override {
-    for (const wchar_t* item : {L"Red", L"Green", L"Grey", L"By Layer"}) face->addItem(27, item);
-    for (const wchar_t* item : {L"first", L"second"}) face->addItem(29, item);
-    face->select(27, 0);
-    face->setText(30, L"old");
+    for (const wchar_t* item : {L"Red", L"Green", L"Grey", L"By Layer"}) form().items(27).add(item);
+    for (const wchar_t* item : {L"first", L"second"}) form().items(29).add(item);
+    form().items(27).select(0);
+    form().setText(30, L"old");
     prepare();
   }
   void onPress(int id) override { events.push_back("press " + std::to_string(id)); }
   void onChange(int id) override {
-    events.push_back("change " + std::to_string(id) + " " + face->text(id).toUtf8());
+    events.push_back("change " + std::to_string(id) + " " + form().text(id).toUtf8());
   }
   void onLeave(int) override {}
   void onOk() override { face->end(1); }
@@ -89,7 +90,7 @@ TEST_F(LineUserTest, DoesWhatALineSays) {
 TEST_F(LineUserTest, SaysWhyALineCannotBeCarriedOut) {
   const std::pair<const char*, const char*> cases[] = {
       {"shout", "\"shout\" is no command of a dialog. Did you mean \"show\", "},
-      {"s name", "\"s\" may be \"show\" or \"set\"."},
+      {"s name", "\"s\" may be \"show\", \"set\" or \"select\"."},
       {"tick", "Write it as: tick NAME"},
       {"set name", "Write it as: set NAME = VALUE"},
       {"tick blue", "Nothing named \"blue\" can be ticked here. Did you mean "},
@@ -116,7 +117,7 @@ TEST_F(LineUserTest, SaysWhyALineCannotBeCarriedOut) {
 }
 
 TEST_F(LineUserTest, AnAmbiguousNameIsToldWithAllItMayMean) {
-  probe.prepare = [this] { probe.face->setText(21, L"Dark blue"); };
+  probe.prepare = [this] { probe.form().setText(21, L"Dark blue"); };
   user.sayRefused(
       "tick dark",
       "\"dark\" may be \"Dark blue\" or \"Dark red\": write more of the name, or # and its number.");

@@ -8,11 +8,14 @@ namespace {
 
 OdString numberName(int id) { return OdString().format(L"#%d", id); }
 
-/// An input is named by the text before it, or by the button before it, which fills it.
+bool hasNameOfItsOwn(ControlKind kind) { return kind == ControlKind::listView || kind == ControlKind::tabs; }
+
+/// An input is named by the text before it, or by the button before it, which fills it; a button that shows a
+/// picture only, by its tip.
 OdString nameOf(const NamedControl& control, const NamedControl* before) {
   OdString caption;
-  if (!control.isInput())
-    caption = control.text;
+  if (!control.isInput() || (hasNameOfItsOwn(control.info.kind) && !control.text.isEmpty()))
+    caption = control.text.isEmpty() ? control.tip : control.text;
   else if (before &&
            (before->info.kind == ControlKind::staticText || before->info.kind == ControlKind::button))
     caption = before->text;
@@ -62,7 +65,8 @@ OdString unknown(const std::vector<NamedControl>& suitable, const OdString& type
 
 bool NamedControl::isInput() const {
   return info.kind == ControlKind::edit || info.kind == ControlKind::comboBox ||
-         info.kind == ControlKind::listBox;
+         info.kind == ControlKind::listBox || info.kind == ControlKind::richEdit ||
+         info.kind == ControlKind::listView || info.kind == ControlKind::tabs;
 }
 
 bool NamedControl::canBeNamed() const {
@@ -75,7 +79,9 @@ std::vector<NamedControl> controlsOf(const OpenDialog& dialog) {
     NamedControl control;
     if (!dialog.controlAt(i, control.info)) break;
     control.text = control.info.text;
+    control.tip = control.info.tip;
     control.info.text = nullptr;
+    control.info.tip = nullptr;
     control.name = nameOf(control, controls.empty() ? nullptr : &controls.back());
     controls.push_back(std::move(control));
   }

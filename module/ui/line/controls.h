@@ -10,6 +10,7 @@ namespace ui::line {
 struct NamedControl {
   ControlInfo info;
   OdString text;
+  OdString tip;
   /// Without mnemonic; `#` and the number where the dialog gives it no name.
   OdString name;
 

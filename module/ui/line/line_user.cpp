@@ -12,7 +12,7 @@ namespace {
 
 using namespace line;
 
-enum class Verb { show, set, tick, untick, choose, row, press, menu, leave };
+enum class Verb { show, set, select, tick, untick, choose, row, open, press, menu, leave };
 
 struct Command {
   const wchar_t* word;
@@ -21,20 +21,23 @@ struct Command {
   Deed deed;
 };
 
-const std::array<Command, 9>& commands() {
+const std::array<Command, 11>& commands() {
   using enum ControlKind;
-  static const std::array<Command, 9> all = {{
+  static const std::array<Command, 11> all = {{
       {L"show", Verb::show, L"show", {}},
-      {L"set", Verb::set, L"set NAME = VALUE", {L"set", {edit}}},
+      {L"set", Verb::set, L"set NAME = VALUE", {L"set", {edit, richEdit, comboBox}}},
+      {L"select", Verb::select, L"select NAME = TEXT", {L"selected in", {edit, richEdit}}},
       {L"tick", Verb::tick, L"tick NAME", {L"ticked", {checkBox, radioButton}}},
       {L"untick", Verb::untick, L"untick NAME", {L"unticked", {checkBox}}},
-      {L"choose", Verb::choose, L"choose NAME = ITEM", {L"chosen from", {comboBox, listBox}}},
-      {L"row", Verb::row, L"row NAME = N", {L"chosen from", {comboBox, listBox}}},
+      {L"choose", Verb::choose, L"choose NAME = ITEM", {L"chosen from", {comboBox, listBox, listView, tabs}}},
+      {L"row", Verb::row, L"row NAME = N", {L"chosen from", {comboBox, listBox, listView, tabs}}},
+      {L"open", Verb::open, L"open NAME", {L"opened", {richEdit, listView}}},
       {L"press", Verb::press, L"press NAME", {L"pressed", {button}}},
       {L"menu",
        Verb::menu,
        L"menu NAME = ITEM",
-       {L"asked for a menu", {button, checkBox, radioButton, edit, comboBox, listBox}}},
+       {L"asked for a menu",
+        {button, checkBox, radioButton, edit, comboBox, listBox, richEdit, listView, tabs}}},
       {L"leave", Verb::leave, L"leave", {}},
   }};
   return all;
@@ -82,12 +85,11 @@ NamedControl controlOf(const OpenDialog& dialog, const OdString& name, const Com
   return std::get<NamedControl>(found);
 }
 
-int itemNamed(const OpenDialog& dialog, const NamedControl& control, const OdString& typed) {
-  const std::vector<OdString> items = itemsOf(dialog, control.info.id);
+int itemNamed(const std::vector<OdString>& items, const OdString& owner, const OdString& typed) {
   const std::vector<std::size_t> found = matches(items, typed);
   if (found.size() == 1) return static_cast<int>(found.front());
   if (!found.empty()) throw Complaint{ambiguous(typed, items, found)};
-  OdString sentence = quoted(control.name) + L" has no item " + quoted(typed) + L".";
+  OdString sentence = owner + L" has no item " + quoted(typed) + L".";
   if (!items.empty()) sentence += L" Did you mean " + listed(nearest(items, typed)) + L"?";
   throw Complaint{sentence};
 }
@@ -120,24 +122,59 @@ void require(Outcome outcome, const OdString& name) {
   if (!sentence.isEmpty()) throw Complaint{sentence};
 }
 
+/// The first place of a text; of no text, the end.
+TextRange rangeOf(const NamedControl& control, const OdString& text) {
+  const int length = control.text.getLength();
+  if (text.isEmpty()) return {length, length};
+  const int begin = control.text.find(text);
+  if (begin < 0) throw Complaint{quoted(control.name) + L" does not contain " + quoted(text) + L"."};
+  return {begin, begin + text.getLength()};
+}
+
 void assign(OpenDialog& dialog, const OdString& rest, const Command& command) {
   const Assignment assignment = assignmentOf(rest, command);
   const NamedControl control = controlOf(dialog, assignment.name, command);
   const int id = control.info.id;
-  if (command.verb == Verb::set) return require(dialog.type(id, assignment.value), control.name);
-  const bool byRow = command.verb == Verb::row;
-  const int item = byRow ? rowNumbered(assignment.value) : itemNamed(dialog, control, assignment.value);
+  if (command.verb == Verb::set) {
+    if (control.info.kind == ControlKind::comboBox && !control.info.editable)
+      throw Complaint{quoted(control.name) + L" cannot be set, but chosen from."};
+    return require(dialog.type(id, assignment.value), control.name);
+  }
+  if (command.verb == Verb::select)
+    return require(dialog.selectText(id, rangeOf(control, assignment.value)), control.name);
+  const int item = command.verb == Verb::row
+                       ? rowNumbered(assignment.value)
+                       : itemNamed(itemsOf(dialog, id), quoted(control.name), assignment.value);
   require(dialog.choose(id, item), control.name);
+}
+
+std::vector<OdString> menuOf(OpenDialog& dialog, int id) {
+  std::vector<OdString> items;
+  while (const wchar_t* item = dialog.menuItem(id, static_cast<int>(items.size())))
+    items.push_back(plainLabel(withoutMnemonics(item)));
+  return items;
 }
 
 void openMenu(OpenDialog& dialog, const OdString& rest, const Command& command) {
   const Assignment assignment = assignmentOf(rest, command);
   const NamedControl control = controlOf(dialog, assignment.name, command);
-  const Outcome outcome = dialog.pickMenuItem(control.info.id, assignment.value);
-  if (outcome == Outcome::wrongKind) throw Complaint{quoted(control.name) + L" has no context menu."};
-  if (outcome == Outcome::noSuchItem)
-    throw Complaint{L"The menu of " + quoted(control.name) + L" has no item " + quoted(assignment.value) +
-                    L"."};
+  const int id = control.info.id;
+  // The menu may depend on where the focus is and on what the way there brings about.
+  require(dialog.moveFocus(id), control.name);
+  const std::vector<OdString> items = menuOf(dialog, id);
+  if (items.empty()) throw Complaint{quoted(control.name) + L" has no context menu."};
+  const int item = itemNamed(items, L"The menu of " + quoted(control.name), plainLabel(assignment.value));
+  const Outcome outcome = dialog.pickMenuItem(id, item);
+  if (outcome == Outcome::disabled)
+    throw Complaint{quoted(items[static_cast<std::size_t>(item)]) + L" is disabled in the menu of " +
+                    quoted(control.name) + L"."};
+  require(outcome, control.name);
+}
+
+void open(OpenDialog& dialog, const OdString& name, const Command& command) {
+  const NamedControl control = controlOf(dialog, name, command);
+  const Outcome outcome = dialog.doubleClick(control.info.id);
+  if (outcome == Outcome::noSuchItem) throw Complaint{quoted(control.name) + L" has no row chosen."};
   require(outcome, control.name);
 }
 
@@ -160,8 +197,10 @@ void pressDefault(OpenDialog& dialog) {
 void carryOut(OpenDialog& dialog, const Command& command, const OdString& rest) {
   switch (command.verb) {
   case Verb::set:
+  case Verb::select:
   case Verb::choose:
   case Verb::row: return assign(dialog, rest, command);
+  case Verb::open: return open(dialog, rest, command);
   case Verb::tick:
   case Verb::untick:
   case Verb::press: return click(dialog, rest, command);

@@ -1,4 +1,5 @@
 #include "control_tree.h"
+#include "placement.h"
 #include "res/styles.h"
 #include "ui/control_kind.h"
 #include <algorithm>
@@ -16,11 +17,18 @@ Control makeControl(unsigned dialog, const res::ControlTemplate& source) {
   control.tabStop = (source.style & WS_TABSTOP) != 0;
   control.startsGroup = (source.style & WS_GROUP) != 0;
   control.isDefault = control.kind == ControlKind::button && (source.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+  control.editable = isEditable(source, control.kind);
   control.place = source.rect;
+  control.area = pixels(source.rect);
   return control;
 }
 
 } // namespace
+
+const OdChar* Control::shownText() const {
+  const OdChar* item = holdsItems(kind) ? items.textAt(items.selection()) : nullptr;
+  return item ? item : text.c_str();
+}
 
 ControlTree::ControlTree(const res::DialogTemplate& source, unsigned number) : m_number(number) {
   for (const res::ControlTemplate& control : source.controls)
@@ -35,12 +43,6 @@ Control* ControlTree::find(int id) {
 Control& ControlTree::at(int id) {
   if (Control* control = find(id)) return *control;
   refuseControl(m_number, static_cast<unsigned>(id), "there is no such control");
-}
-
-Control& ControlTree::listAt(int id) {
-  Control& control = at(id);
-  if (!holdsItems(control.kind)) refuseControl(m_number, static_cast<unsigned>(id), "it holds no items");
-  return control;
 }
 
 ControlTree::Range ControlTree::groupOf(const Control& control) const {
@@ -70,18 +72,6 @@ bool ControlTree::stopsTab(const Control& control) const {
       first + static_cast<std::ptrdiff_t>(group.begin), first + static_cast<std::ptrdiff_t>(group.end),
       [](const Control& c) { return c.kind == ControlKind::radioButton && c.checked; });
   return anyChecked ? control.checked : control.tabStop;
-}
-
-int ControlTree::nextTabStop(int id) const {
-  const auto current = std::ranges::find(m_controls, id, &Control::id);
-  const std::size_t count = m_controls.size();
-  const std::size_t start =
-      current == m_controls.end() ? 0 : static_cast<std::size_t>(current - m_controls.begin()) + 1;
-  for (std::size_t i = 0; i < count; ++i) {
-    const Control& candidate = m_controls[(start + i) % count];
-    if (stopsTab(candidate)) return candidate.id;
-  }
-  return 0;
 }
 
 const Control* ControlTree::defaultButton() const {

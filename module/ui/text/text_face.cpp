@@ -1,24 +1,38 @@
 #include "text_face.h"
 #include "placement.h"
 #include "res/strings.h"
+#include "res/styles.h"
 #include "ui/control_kind.h"
 #include "ui/questions.h"
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace ui::text {
+namespace {
+
+/// What the tabs take of their control, in pixels: a row of captions, and a border.
+constexpr int captionHeight = 22, border = 3;
+
+} // namespace
 
 TextFace::TextFace(unsigned number, DialogEvents& events, DialogUser* user, const res::DialogTemplate& source)
-    : WorkedDialog(number), m_events(events), m_user(user), m_controls(source, number),
-      m_title(source.caption), m_placement(initialPlacement(source.rect)) {}
+    : WorkedDialog(number), m_events(events), m_user(user), m_frame(number, source, events, *this),
+      m_title(source.caption), m_resizable((source.style & WS_THICKFRAME) != 0),
+      m_placement(initialPlacement(source.rect)), m_area(normalArea(m_placement)) {}
 
 int TextFace::run() {
   if (!m_user) throw DialogError(sentence(IDS_DIALOG_NOT_SHOWN, m_title));
   m_events.onOpen();
   m_events.onInit();
-  if (!hasEnded() && m_focus == 0) m_focus = nextTabStop();
+  if (!hasEnded() && m_activePage < 0 && !m_pages.empty()) showPage(0);
+  if (!hasEnded() && !m_focus.form) passFocusOn();
+  deliverPosted();
   if (!hasEnded()) m_user->opened(*this);
-  while (!hasEnded()) giveTurn(*m_user, m_title);
+  while (!hasEnded()) {
+    giveTurn(*m_user, m_title);
+    deliverPosted();
+  }
   return m_result;
 }
 
@@ -26,56 +40,86 @@ void TextFace::end(int code) {
   m_result = code;
   if (hasEnded()) return;
   markEnded();
-  setFocus(0);
+  if (const OpenPage* page = openPage()) page->events.onDeactivate();
+  focusOn({});
+  m_events.onClose();
+  for (const OpenPage& page : m_pages) page.events.onClose();
 }
 
-OdString TextFace::text(int id) const {
-  const Control& control = m_controls.at(id);
-  return holdsItems(control.kind) && control.selected >= 0 ? itemText(id, control.selected) : control.text;
+FormFace& TextFace::addPage(int tabs, const OdString& title, unsigned number,
+                            std::span<const std::uint8_t> source, PageEvents& events) {
+  refuseUnfitPage(res::parseDialog(source, number), number);
+  if (m_frame.controls().at(tabs).kind != ControlKind::tabs || (m_tabs && m_tabs != tabs))
+    refuseControl(static_cast<unsigned>(this->number()), static_cast<unsigned>(tabs), "it takes no pages");
+  m_tabs = tabs;
+  FocusKeeper& keeper = *this;
+  m_pages.push_back(
+      {title, events, std::make_unique<TextForm>(number, res::parseDialog(source, number), events, keeper)});
+  const Area area = m_frame.area(tabs);
+  m_pages.back().form->resize(area.width() - 2 * border, area.height() - captionHeight - border);
+  return *m_pages.back().form;
 }
 
-void TextFace::setText(int id, const OdString& text) { m_controls.at(id).text = text; }
-
-void TextFace::enable(int id, bool on) {
-  m_controls.at(id).enabled = on;
-  if (!on) passFocusOn(id);
+TextFace::OpenPage* TextFace::openPage() const {
+  return m_activePage < 0 ? nullptr : &m_pages[static_cast<std::size_t>(m_activePage)];
 }
 
-void TextFace::show(int id, bool on) {
-  m_controls.at(id).shown = on;
-  if (!on) passFocusOn(id);
+void TextFace::activatePage(int index) {
+  if (index < 0 || index >= static_cast<int>(m_pages.size())) refuseIndex(index);
+  if (index == m_activePage) return;
+  if (const OpenPage* page = openPage()) {
+    page->events.onDeactivate();
+    if (m_focus.form == page->form.get()) focusOn({&m_frame, m_tabs});
+  }
+  showPage(index);
 }
 
-void TextFace::passFocusOn(int id) {
-  if (m_focus == id) setFocus(nextTabStop());
+void TextFace::showPage(int index) {
+  m_activePage = index;
+  openPage()->events.onActivate();
 }
 
-int TextFace::addItem(int id, const OdString& text) {
-  std::vector<OdString>& items = m_controls.listAt(id).items;
-  items.push_back(text);
-  return static_cast<int>(items.size()) - 1;
+void TextFace::setPlacement(const Placement& placement) {
+  m_placement = placement;
+  Area area = normalArea(placement);
+  if (m_resizable) {
+    area.right = std::max(area.right, area.left + m_area.width());
+    area.bottom = std::max(area.bottom, area.top + m_area.height());
+    setNormalArea(m_placement, area);
+  }
+  m_frame.resize(area.width(), area.height());
+  if (!m_tabs) return;
+  const Area tabs = m_frame.area(m_tabs);
+  for (const OpenPage& page : m_pages)
+    page.form->resize(tabs.width() - 2 * border, tabs.height() - captionHeight - border);
 }
 
-void TextFace::removeItems(int id) {
-  Control& control = m_controls.listAt(id);
-  control.items.clear();
-  control.selected = -1;
+void TextFace::send(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  m_events.onMessage(name, first, second);
 }
 
-OdString TextFace::itemText(int id, int index) const {
-  return m_controls.listAt(id).items.at(static_cast<std::size_t>(index));
+void TextFace::post(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  m_posted.push_back({name, first, second});
 }
 
-void TextFace::select(int id, int index) {
-  if (index >= itemCount(id)) throw std::out_of_range("item " + std::to_string(index));
-  m_controls.listAt(id).selected = index < 0 ? -1 : index;
+void TextFace::deliverPosted() {
+  while (!m_posted.empty() && !hasEnded()) {
+    const Message message = std::move(m_posted.front());
+    m_posted.pop_front();
+    send(message.name, message.first, message.second);
+  }
 }
 
-void TextFace::setFocus(int id) {
-  if (id == m_focus) return;
-  const int left = std::exchange(m_focus, id);
-  const Control* control = m_controls.find(left);
-  if (control && tellsLeave(control->kind)) m_events.onLeave(left);
+void TextFace::focusOn(const Focus& target) {
+  if (target == m_focus) return;
+  const Focus left = std::exchange(m_focus, target);
+  const Control* control = left.form ? left.form->controls().find(left.id) : nullptr;
+  if (control && tellsLeave(control->kind)) left.form->events().onLeave(left.id);
+}
+
+void TextFace::passFocusOn() {
+  const int next = nextTabStop();
+  focusOn(next ? Focus{find(next).form, next} : Focus{});
 }
 
 MessageAnswer TextFace::messageBox(const MessageQuestion& question) {

@@ -1,0 +1,9 @@
+#include "menu.h"
+#include "res/menu_template.h"
+
+ui::Menu ui::loadMenu(unsigned number) {
+  Menu menu;
+  for (const res::MenuTemplateItem& item : res::loadMenu(number).front().items)
+    menu.push_back({static_cast<int>(item.id), item.text, !item.grayed, item.checked});
+  return menu;
+}
