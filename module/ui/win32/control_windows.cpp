@@ -1,32 +1,8 @@
 #include "control_windows.h"
 #include "ui/control_kind.h"
 #include <algorithm>
-#include <stdexcept>
 
 namespace ui::win32 {
-namespace {
-
-/// The messages by which combo boxes and lists do the same things.
-struct ListMessages {
-  UINT count, selection, select, add, removeAll, length, text;
-};
-
-constexpr ListMessages comboMessages{CB_GETCOUNT,     CB_GETCURSEL,    CB_SETCURSEL, CB_ADDSTRING,
-                                     CB_RESETCONTENT, CB_GETLBTEXTLEN, CB_GETLBTEXT};
-constexpr ListMessages listMessages{LB_GETCOUNT,     LB_GETCURSEL,  LB_SETCURSEL, LB_ADDSTRING,
-                                    LB_RESETCONTENT, LB_GETTEXTLEN, LB_GETTEXT};
-
-const ListMessages& messagesOf(const ControlWindow& control) {
-  return control.kind == ControlKind::comboBox ? comboMessages : listMessages;
-}
-
-int send(const ControlWindow& control, UINT ListMessages::*message, WPARAM wParam = 0, LPARAM lParam = 0) {
-  return static_cast<int>(SendMessageW(control.window, messagesOf(control).*message, wParam, lParam));
-}
-
-LPARAM toParameter(const OdChar* text) { return reinterpret_cast<LPARAM>(text); }
-
-} // namespace
 
 OdString windowText(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)), L'\0');
@@ -36,37 +12,19 @@ OdString windowText(HWND window) {
 }
 
 OdString ControlWindow::text() const {
-  return holdsItems(kind) && selection() >= 0 ? itemText(selection()) : windowText(window);
-}
-
-int ControlWindow::itemCount() const { return send(*this, &ListMessages::count); }
-
-int ControlWindow::selection() const { return send(*this, &ListMessages::selection); }
-
-void ControlWindow::select(int index) const {
-  send(*this, &ListMessages::select, static_cast<WPARAM>(index));
-}
-
-int ControlWindow::addItem(const OdString& text) const {
-  return send(*this, &ListMessages::add, 0, toParameter(text.c_str()));
-}
-
-void ControlWindow::removeItems() const { send(*this, &ListMessages::removeAll); }
-
-OdString ControlWindow::itemText(int index) const {
-  const int length = send(*this, &ListMessages::length, static_cast<WPARAM>(index));
-  if (index < 0 || length < 0) throw std::out_of_range("item " + std::to_string(index));
-  std::wstring text(static_cast<std::size_t>(length), L'\0');
-  send(*this, &ListMessages::text, static_cast<WPARAM>(index), toParameter(text.data()));
-  return OdString(std::move(text));
+  if (fields) return fields->text().text();
+  return items && isChosen && items->selection() >= 0 ? items->text(items->selection()) : windowText(window);
 }
 
 ControlWindows::ControlWindows(const res::DialogTemplate& source, unsigned number) : m_number(number) {
-  for (const res::ControlTemplate& control : source.controls) {
-    const ControlKind kind = kindOf(number, control);
-    const bool isDefault = kind == ControlKind::button && (control.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
-    m_controls.push_back({static_cast<int>(control.id), kind, isDefault, (control.style & WS_GROUP) != 0,
-                          control.rect, nullptr});
+  for (const res::ControlTemplate& from : source.controls) {
+    ControlWindow& control = m_controls.emplace_back();
+    control.id = static_cast<int>(from.id);
+    control.kind = kindOf(number, from);
+    control.isDefault = control.kind == ControlKind::button && (from.style & BS_TYPEMASK) == BS_DEFPUSHBUTTON;
+    control.startsGroup = (from.style & WS_GROUP) != 0;
+    control.editable = isEditable(from, control.kind);
+    control.place = from.rect;
   }
 }
 
@@ -76,29 +34,26 @@ void ControlWindows::bind(HWND dialog) {
   for (ControlWindow& control : m_controls) {
     control.window = window;
     window = GetWindow(window, GW_HWNDNEXT);
+    if (holdsItems(control.kind)) control.items = std::make_unique<ItemWindow>(control.window, control.kind);
+    if (control.kind == ControlKind::listView) control.rows = std::make_unique<ListWindow>(control.window);
+    if (control.kind == ControlKind::richEdit) control.fields = std::make_unique<FieldWindow>(control.window);
   }
 }
 
-const ControlWindow* ControlWindows::find(int id) const {
+ControlWindow* ControlWindows::find(int id) {
   const auto found = std::ranges::find(m_controls, id, &ControlWindow::id);
   return found == m_controls.end() ? nullptr : &*found;
 }
 
-const ControlWindow* ControlWindows::holding(HWND window) const {
+ControlWindow* ControlWindows::holding(HWND window) {
   const auto found = std::ranges::find_if(
       m_controls, [&](const ControlWindow& c) { return c.window == window || IsChild(c.window, window); });
   return window && found != m_controls.end() ? &*found : nullptr;
 }
 
-const ControlWindow& ControlWindows::at(int id) const {
-  if (const ControlWindow* control = find(id)) return *control;
+ControlWindow& ControlWindows::at(int id) {
+  if (ControlWindow* control = find(id)) return *control;
   refuseControl(m_number, static_cast<unsigned>(id), "there is no such control");
-}
-
-const ControlWindow& ControlWindows::listAt(int id) const {
-  const ControlWindow& control = at(id);
-  if (!holdsItems(control.kind)) refuseControl(m_number, static_cast<unsigned>(id), "it holds no items");
-  return control;
 }
 
 const ControlWindow* ControlWindows::defaultButton() const {
@@ -106,19 +61,34 @@ const ControlWindow* ControlWindows::defaultButton() const {
   return found == m_controls.end() ? nullptr : &*found;
 }
 
-void ControlWindows::check(const ControlWindow& control, bool on) const {
-  const auto set = [](const ControlWindow& c, bool checked) {
-    SendMessageW(c.window, BM_SETCHECK, checked ? BST_CHECKED : BST_UNCHECKED, 0);
-  };
-  if (on && control.kind == ControlKind::radioButton) {
-    const auto index = static_cast<std::size_t>(&control - m_controls.data());
-    std::size_t begin = index, end = index + 1;
-    while (begin > 0 && !m_controls[begin].startsGroup) --begin;
-    while (end < m_controls.size() && !m_controls[end].startsGroup) ++end;
-    for (std::size_t i = begin; i < end; ++i)
-      if (m_controls[i].kind == ControlKind::radioButton && i != index) set(m_controls[i], false);
+void ControlWindows::noteChecked(ControlWindow& radioButton, bool alsoInWindows) {
+  const auto index = static_cast<std::size_t>(&radioButton - m_controls.data());
+  std::size_t begin = index, end = index + 1;
+  while (begin > 0 && !m_controls[begin].startsGroup) --begin;
+  while (end < m_controls.size() && !m_controls[end].startsGroup) ++end;
+  for (std::size_t i = begin; i < end; ++i) {
+    ControlWindow& other = m_controls[i];
+    if (other.kind != ControlKind::radioButton || i == index) continue;
+    other.wasChecked = false;
+    if (alsoInWindows) SendMessageW(other.window, BM_SETCHECK, BST_UNCHECKED, 0);
   }
-  set(control, on);
+  radioButton.wasChecked = true;
+}
+
+void ControlWindows::check(ControlWindow& control, bool on) {
+  if (control.kind == ControlKind::radioButton) {
+    if (on)
+      noteChecked(control, true);
+    else
+      control.wasChecked = false;
+  }
+  SendMessageW(control.window, BM_SETCHECK, on ? BST_CHECKED : BST_UNCHECKED, 0);
+}
+
+bool ControlWindows::takeClick(ControlWindow& radioButton) {
+  if (radioButton.wasChecked) return false;
+  noteChecked(radioButton, false);
+  return true;
 }
 
 } // namespace ui::win32

@@ -1,65 +1,77 @@
 #pragma once
-#include "OdString.h"
+#include "field_window.h"
+#include "item_window.h"
+#include "list_window.h"
 #include "res/dialog_template.h"
 #include "ui/dialog_user.h"
+#include <memory>
 #include <vector>
 #include <windows.h>
 
 namespace ui::win32 {
 
-/// One control: what its template says, and its window.
+/// One control: what its template says, its window, and what the window does not know.
 struct ControlWindow {
   int id = 0;
   ControlKind kind = ControlKind::staticText;
   bool isDefault = false;
   bool startsGroup = false;
+  bool editable = false;
   res::Rect place;
   HWND window = nullptr;
+  OdString tip;
+  HICON icon = nullptr;
+  /// A radio button as it was told last: a click on a checked one is none.
+  bool wasChecked = false;
+  /// An editable combo box whose text is that of the chosen item, though its window may not show it yet.
+  bool isChosen = true;
+  std::unique_ptr<ItemWindow> items;
+  std::unique_ptr<ListWindow> rows;
+  std::unique_ptr<FieldWindow> fields;
 
   bool hasStyle(LONG_PTR style) const { return (GetWindowLongPtrW(window, GWL_STYLE) & style) != 0; }
   bool isChecked() const { return SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED; }
   /// The caption or contents; of a combo box or list, the chosen item.
   OdString text() const;
-
-  /// Combo boxes and lists.
-  int itemCount() const;
-  int selection() const;
-  void select(int index) const;
-  /// -1 when there is no room.
-  int addItem(const OdString& text) const;
-  void removeItems() const;
-  /// Throws std::out_of_range for an item that does not exist.
-  OdString itemText(int index) const;
 };
 
-/// The controls of one dialog in tab order. The windows belong to the dialog's window.
+/// The controls of one dialog or page in tab order. The windows belong to its window.
 class ControlWindows {
 public:
   /// A control that no face can show throws std::logic_error.
   ControlWindows(const res::DialogTemplate& source, unsigned number);
 
-  /// The dialog has made its windows.
+  /// The dialog or page has made its windows.
   void bind(HWND dialog);
 
+  std::vector<ControlWindow>& all() { return m_controls; }
   const std::vector<ControlWindow>& all() const { return m_controls; }
   /// Null when there is none of that number.
-  const ControlWindow* find(int id) const;
+  ControlWindow* find(int id);
   /// The control that a window is, or is a part of; null for others.
-  const ControlWindow* holding(HWND window) const;
+  ControlWindow* holding(HWND window);
   /// As find, for a caller that must know its controls: throws std::logic_error.
-  const ControlWindow& at(int id) const;
-  /// As at, for a combo box or list.
-  const ControlWindow& listAt(int id) const;
+  ControlWindow& at(int id);
+  const ControlWindow& at(int id) const { return const_cast<ControlWindows*>(this)->at(id); }
   const ControlWindow* defaultButton() const;
 
   /// Checking a radio button clears the others of its group.
-  void check(const ControlWindow& control, bool on) const;
+  void check(ControlWindow& control, bool on);
+  /// A radio button was clicked; false when it was checked already.
+  bool takeClick(ControlWindow& radioButton);
 
 private:
+  /// Notes which radio button of a group is checked.
+  void noteChecked(ControlWindow& radioButton, bool alsoInWindows);
+
   unsigned m_number;
   std::vector<ControlWindow> m_controls;
 };
 
 OdString windowText(HWND window);
+
+constexpr COLORREF toColorRef(Color color) {
+  return RGB(color >> 16 & 0xFF, color >> 8 & 0xFF, color & 0xFF);
+}
 
 } // namespace ui::win32

@@ -13,23 +13,11 @@
 namespace ui::win32 {
 namespace {
 
-/// So that a radio button does not press itself when it merely gets the focus; older headers lack the name.
-constexpr UINT setDontClick = 0x00F8;
+constexpr const wchar_t* richEditLibrary = L"Msftedit.dll";
 
-class Flag {
-public:
-  explicit Flag(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  ~Flag() { m_flag = m_before; }
-  Flag(const Flag&) = delete;
-  Flag& operator=(const Flag&) = delete;
-
-private:
-  bool& m_flag;
-  bool m_before;
-};
-
-bool isClickable(ControlKind kind) {
-  return kind == ControlKind::button || kind == ControlKind::checkBox || kind == ControlKind::radioButton;
+[[noreturn]] void throwNotMade(const OdString& caption, DWORD error) {
+  throw DialogError(
+      OdString().format(res::loadString(IDS_WINDOW_NOT_MADE), caption.c_str(), unsigned(error)));
 }
 
 } // namespace
@@ -37,19 +25,33 @@ bool isClickable(ControlKind kind) {
 Win32Face::Win32Face(unsigned number, std::span<const std::uint8_t> source, DialogEvents& events,
                      DialogUser* user)
     : WorkedDialog(number), m_source(source), m_events(events), m_user(user),
-      m_template(res::parseDialog(source, number)), m_controls(m_template, number) {}
+      m_template(res::parseDialog(source, number)), m_frame(number, m_template, events, *this) {
+  needRichEdits(m_template);
+}
+
+Win32Face::~Win32Face() {
+  if (m_richEdits) FreeLibrary(m_richEdits);
+}
+
+/// Without the library its windows cannot be made, which is told then.
+void Win32Face::needRichEdits(const res::DialogTemplate& source) {
+  const bool needed = std::ranges::any_of(source.controls, [&](const res::ControlTemplate& control) {
+    return kindOf(static_cast<unsigned>(number()), control) == ControlKind::richEdit;
+  });
+  if (needed && !m_richEdits) m_richEdits = LoadLibraryW(richEditLibrary);
+}
 
 int Win32Face::run() {
   const VisualStyles styles;
+  const INITCOMMONCONTROLSEX controls{sizeof controls, ICC_LISTVIEW_CLASSES | ICC_TAB_CLASSES};
+  InitCommonControlsEx(&controls);
   const auto* source = reinterpret_cast<const DLGTEMPLATE*>(m_source.data());
   SetLastError(ERROR_SUCCESS);
   DialogBoxIndirectParamW(GetModuleHandleW(nullptr), source, GetActiveWindow(), &dialogProcedure,
                           reinterpret_cast<LPARAM>(this));
   const DWORD error = GetLastError();
   if (m_error) std::rethrow_exception(m_error);
-  if (!m_window)
-    throw DialogError(
-        OdString().format(res::loadString(IDS_WINDOW_NOT_MADE), m_template.caption.c_str(), unsigned(error)));
+  if (!m_frame.window()) throwNotMade(m_template.caption, error);
   // The program may be ending, which closes its windows without asking them.
   return hasEnded() ? m_result : static_cast<int>(MessageAnswer::cancel);
 }
@@ -58,19 +60,21 @@ void Win32Face::end(int code) {
   m_result = code;
   if (hasEnded()) return;
   markEnded();
-  tellLeft(std::exchange(m_focus, 0));
-  EndDialog(m_window, 0);
+  if (const OpenPage* page = openPage()) page->events.onDeactivate();
+  tellLeft(std::exchange(m_focus, Focus{}));
+  m_events.onClose();
+  for (const OpenPage& page : m_pages) page.events.onClose();
+  EndDialog(m_frame.window(), 0);
 }
 
-template <class Action>
-void Win32Face::guarded(Action action) {
+void Win32Face::guard(const std::function<void()>& action) {
   try {
     action();
   } catch (...) {
     if (!m_error) m_error = std::current_exception();
     markEnded();
-    m_focus = 0;
-    EndDialog(m_window, 0);
+    m_focus = {};
+    EndDialog(m_frame.window(), 0);
   }
 }
 
@@ -81,145 +85,187 @@ void Win32Face::rethrow() const {
 INT_PTR CALLBACK Win32Face::dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_INITDIALOG) {
     SetWindowLongPtrW(window, DWLP_USER, lParam);
-    reinterpret_cast<Win32Face*>(lParam)->m_window = window;
+    reinterpret_cast<Win32Face*>(lParam)->m_frame.bind(window);
   }
   auto* const face = reinterpret_cast<Win32Face*>(GetWindowLongPtrW(window, DWLP_USER));
   INT_PTR handled = FALSE;
-  if (face) face->guarded([&] { handled = face->handle(message, wParam, lParam); });
+  if (face) face->guard([&] { handled = face->handle(message, wParam, lParam); });
   return handled;
 }
 
 INT_PTR Win32Face::handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  INT_PTR result = TRUE;
   switch (message) {
   case WM_INITDIALOG: return initialise(), FALSE;
   case WM_COMMAND: return command(LOWORD(wParam), HIWORD(wParam), reinterpret_cast<HWND>(lParam)), TRUE;
   case WM_HELP:
     if (!hasEnded()) m_events.onHelp();
     return TRUE;
+  case WM_GETMINMAXINFO:
+    if (m_template.style & WS_THICKFRAME)
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {m_leastSize.cx, m_leastSize.cy};
+    return TRUE;
   case turnMessage: return takeTurn(wParam != 0), TRUE;
-  default: return FALSE;
+  default: break;
   }
+  if (const auto found = m_messages.find(message); found != m_messages.end()) {
+    if (!hasEnded()) m_events.onMessage(found->second, static_cast<std::intptr_t>(wParam), lParam);
+    return TRUE;
+  }
+  if (!m_frame.handle(message, wParam, lParam, result)) return FALSE;
+  if (message == WM_SIZE) placePages();
+  return result;
+}
+
+INT_PTR CALLBACK Win32Face::pageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_INITDIALOG) {
+    SetWindowLongPtrW(window, DWLP_USER, lParam);
+    reinterpret_cast<FormWindow*>(lParam)->bind(window);
+    return FALSE;
+  }
+  auto* const form = reinterpret_cast<FormWindow*>(GetWindowLongPtrW(window, DWLP_USER));
+  if (!form) return FALSE;
+  // What a control tells its page, the dialog sorts out for all of them.
+  if (message == WM_COMMAND) return SendMessageW(GetParent(window), message, wParam, lParam) == 0;
+  INT_PTR result = FALSE;
+  bool handled = false;
+  form->keeper().guard([&] { handled = form->handle(message, wParam, lParam, result); });
+  return handled && result;
 }
 
 void Win32Face::initialise() {
-  m_controls.bind(m_window);
-  for (const ControlWindow& control : m_controls.all()) {
-    SetWindowSubclass(control.window, &controlProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
-    if (control.kind == ControlKind::radioButton) SendMessageW(control.window, setDontClick, TRUE, 0);
-  }
+  RECT place;
+  GetWindowRect(m_frame.window(), &place);
+  m_leastSize = {place.right - place.left, place.bottom - place.top};
   m_events.onOpen();
   m_events.onInit();
+  if (!hasEnded() && m_activePage < 0 && !m_pages.empty()) showPage(0);
   if (hasEnded()) return;
-  if (m_focus == 0) setFocus(nextTabStop());
-  if (m_user) PostMessageW(m_window, turnMessage, TRUE, 0); // the first turn
-}
-
-LRESULT CALLBACK Win32Face::controlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                             UINT_PTR subclass, DWORD_PTR self) {
-  auto& face = *reinterpret_cast<Win32Face*>(self);
-  switch (message) {
-  case WM_NCDESTROY: RemoveWindowSubclass(window, &controlProcedure, subclass); break;
-  case WM_SETFOCUS: {
-    const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
-    face.guarded([&] { face.focusArrived(window); });
-    return result;
-  }
-  case WM_LBUTTONUP: {
-    // A press is lost when the control that it took the focus from has taken it back.
-    const ControlWindow* control = face.m_controls.holding(window);
-    if (control && isClickable(control->kind) && control->id != face.m_focus)
-      return DefSubclassProc(window, message, wParam, MAKELPARAM(-1, -1));
-    break;
-  }
-  default: break;
-  }
-  return DefSubclassProc(window, message, wParam, lParam);
+  if (!m_focus.form) passFocusOn();
+  if (m_user) PostMessageW(m_frame.window(), turnMessage, TRUE, 0); // the first turn
 }
 
 void Win32Face::command(int id, unsigned notice, HWND sender) {
-  if (hasEnded() || m_silent) return;
+  if (hasEnded()) return;
   // The keys Enter and Esc have no sender in a dialog without such buttons.
   if (!sender) return reportPress(m_events, id);
-  if (const ControlWindow* control = m_controls.holding(sender)) noticeFrom(*control, notice);
+  if (const Place place = holding(sender); place.control) place.form->noticeFrom(*place.control, notice);
 }
 
-void Win32Face::noticeFrom(const ControlWindow& control, unsigned notice) {
-  switch (control.kind) {
-  case ControlKind::button:
-  case ControlKind::checkBox:
-  case ControlKind::radioButton:
-    if (notice == BN_CLICKED) reportPress(m_events, control.id);
-    return;
-  case ControlKind::edit:
-    if (notice == EN_CHANGE) m_events.onChange(control.id);
-    return;
-  case ControlKind::comboBox:
-    if (notice == CBN_SETFOCUS) focusArrived(control.window);
-    if (notice == CBN_SELCHANGE || notice == CBN_EDITCHANGE) m_events.onChange(control.id);
-    return;
-  case ControlKind::listBox:
-    if (notice == LBN_SELCHANGE) m_events.onChange(control.id);
-    return;
-  case ControlKind::staticText:
-  case ControlKind::group: return;
+void Win32Face::pressed(FormWindow& form, int id) {
+  if (&form == &m_frame) return reportPress(m_events, id);
+  form.events().onPress(id);
+}
+
+FormFace& Win32Face::addPage(int tabs, const OdString& title, unsigned number,
+                             std::span<const std::uint8_t> source, PageEvents& events) {
+  const res::DialogTemplate page = res::parseDialog(source, number);
+  refuseUnfitPage(page, number);
+  ControlWindow& control = m_frame.controls().at(tabs);
+  if (control.kind != ControlKind::tabs || (m_tabs && m_tabs != tabs))
+    refuseControl(static_cast<unsigned>(this->number()), static_cast<unsigned>(tabs), "it takes no pages");
+  needRichEdits(page);
+  WindowKeeper& keeper = *this;
+  auto form = std::make_unique<FormWindow>(number, page, events, keeper);
+  SetLastError(ERROR_SUCCESS);
+  CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(source.data()),
+                             m_frame.window(), &pageProcedure, reinterpret_cast<LPARAM>(form.get()));
+  if (!form->window()) throwNotMade(title, GetLastError());
+  m_tabs = tabs;
+  TCITEMW item{};
+  item.mask = TCIF_TEXT;
+  item.pszText = const_cast<wchar_t*>(title.c_str());
+  SendMessageW(control.window, TCM_INSERTITEMW, m_pages.size(), reinterpret_cast<LPARAM>(&item));
+  // Over the tabs, which lie under the whole page, and so before them for the Tab key.
+  HWND const before = GetWindow(control.window, GW_HWNDPREV);
+  SetWindowPos(form->window(), before ? before : HWND_TOP, 0, 0, 0, 0,
+               SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+  m_pages.push_back({title, events, std::move(form)});
+  placePages();
+  return *m_pages.back().form;
+}
+
+/// The pages fill what the tabs leave of their control.
+void Win32Face::placePages() {
+  if (m_pages.empty()) return;
+  const Area tabs = m_frame.area(m_tabs);
+  RECT inner{tabs.left, tabs.top, tabs.right, tabs.bottom};
+  SendMessageW(m_frame.controls().at(m_tabs).window, TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inner));
+  for (const OpenPage& page : m_pages)
+    SetWindowPos(page.form->window(), nullptr, inner.left, inner.top, inner.right - inner.left,
+                 inner.bottom - inner.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+Win32Face::OpenPage* Win32Face::openPage() const {
+  return m_activePage < 0 ? nullptr : &m_pages[static_cast<std::size_t>(m_activePage)];
+}
+
+void Win32Face::activatePage(int index) {
+  if (index < 0 || index >= static_cast<int>(m_pages.size())) refuseIndex(index);
+  if (index == m_activePage) return;
+  if (const OpenPage* page = openPage()) {
+    page->events.onDeactivate();
+    if (m_focus.form == page->form.get()) focusOn({&m_frame, m_tabs});
   }
+  SendMessageW(m_frame.controls().at(m_tabs).window, TCM_SETCURSEL, static_cast<WPARAM>(index), 0);
+  showPage(index);
 }
 
-void Win32Face::focusArrived(HWND window) {
-  const ControlWindow* control = m_controls.holding(window);
-  if (hasEnded() || !control || control->id == m_focus) return;
-  tellLeft(std::exchange(m_focus, control->id));
+void Win32Face::showPage(int index) {
+  if (const OpenPage* page = openPage()) ShowWindow(page->form->window(), SW_HIDE);
+  m_activePage = index;
+  ShowWindow(openPage()->form->window(), SW_SHOW);
+  openPage()->events.onActivate();
 }
 
-void Win32Face::tellLeft(int id) {
-  const ControlWindow* control = m_controls.find(id);
-  if (control && tellsLeave(control->kind)) m_events.onLeave(id);
+bool Win32Face::leavePage() {
+  const OpenPage* page = openPage();
+  if (!page) return true;
+  page->events.onDeactivate();
+  focusOn({&m_frame, m_tabs});
+  if (hasEnded()) return false;
+  if (m_focus == Focus{&m_frame, m_tabs}) return true;
+  page->events.onActivate();
+  return false;
 }
 
-OdString Win32Face::titleText() const { return m_window ? windowText(m_window) : m_template.caption; }
-
-void Win32Face::setTitle(const OdString& title) { SetWindowTextW(m_window, title.c_str()); }
-
-void Win32Face::setText(int id, const OdString& text) {
-  const Flag silence(m_silent);
-  SetWindowTextW(m_controls.at(id).window, text.c_str());
+void Win32Face::pageTurned() {
+  showPage(static_cast<int>(SendMessageW(m_frame.controls().at(m_tabs).window, TCM_GETCURSEL, 0, 0)));
+  m_events.onChange(m_tabs);
 }
 
-void Win32Face::select(int id, int index) {
-  const ControlWindow& list = m_controls.listAt(id);
-  if (index >= list.itemCount()) throw std::out_of_range("item " + std::to_string(index));
-  list.select(std::max(index, -1));
+void Win32Face::focusArrived(const Focus& target) {
+  if (!hasEnded() && target != m_focus) tellLeft(std::exchange(m_focus, target));
 }
 
-/// The focus would stay on a control that cannot be used, and the keyboard be dead.
-void Win32Face::passFocusOn(HWND control) {
-  if (m_focus && m_controls.at(m_focus).window == control) setFocus(nextTabStop());
+void Win32Face::tellLeft(const Focus& left) {
+  const ControlWindow* control = left.form ? left.form->controls().find(left.id) : nullptr;
+  if (control && tellsLeave(control->kind)) left.form->events().onLeave(left.id);
 }
 
-void Win32Face::enable(int id, bool on) {
-  HWND const control = m_controls.at(id).window;
-  if (!on) passFocusOn(control);
-  EnableWindow(control, on);
-}
-
-void Win32Face::show(int id, bool on) {
-  HWND const control = m_controls.at(id).window;
-  if (!on) passFocusOn(control);
-  ShowWindow(control, on ? SW_SHOW : SW_HIDE);
-}
-
-void Win32Face::setFocus(int id) {
-  const ControlWindow* control = id ? &m_controls.at(id) : nullptr;
-  if (control && !hasEnded())
-    SendMessageW(m_window, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control->window), TRUE);
+/// To a control that has it already, the focus would come anew, and select the whole of its text.
+void Win32Face::focusOn(const Focus& target) {
+  if (target.form && target != m_focus && !hasEnded())
+    SendMessageW(m_frame.window(), WM_NEXTDLGCTL,
+                 reinterpret_cast<WPARAM>(target.form->controls().at(target.id).window), TRUE);
   rethrow();
 }
+
+void Win32Face::passFocusOn() {
+  if (const int next = nextTabStop()) focusOn({find(next).form, next});
+}
+
+OdString Win32Face::titleText() const {
+  return m_frame.window() ? windowText(m_frame.window()) : m_template.caption;
+}
+
+void Win32Face::setTitle(const OdString& title) { SetWindowTextW(m_frame.window(), title.c_str()); }
 
 Placement Win32Face::placement() const {
   static_assert(sizeof(WINDOWPLACEMENT) == sizeof(Placement));
   WINDOWPLACEMENT native{};
   native.length = sizeof native;
-  GetWindowPlacement(m_window, &native);
+  GetWindowPlacement(m_frame.window(), &native);
   Placement placement;
   std::memcpy(placement.data(), &native, sizeof native);
   return placement;
@@ -228,15 +274,31 @@ Placement Win32Face::placement() const {
 void Win32Face::setPlacement(const Placement& placement) {
   WINDOWPLACEMENT native{};
   std::memcpy(&native, placement.data(), sizeof native);
-  SetWindowPlacement(m_window, &native);
+  SetWindowPlacement(m_frame.window(), &native);
+}
+
+void Win32Face::setVisible(bool on) {
+  m_visible = on;
+  ShowWindow(m_frame.window(), on ? SW_RESTORE : SW_HIDE);
+}
+
+void Win32Face::listen(const OdString& name) { m_messages[RegisterWindowMessageW(name.c_str())] = name; }
+
+void Win32Face::send(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  SendMessageW(m_frame.window(), RegisterWindowMessageW(name.c_str()), static_cast<WPARAM>(first), second);
+  rethrow();
+}
+
+void Win32Face::post(const OdString& name, std::intptr_t first, std::intptr_t second) {
+  PostMessageW(m_frame.window(), RegisterWindowMessageW(name.c_str()), static_cast<WPARAM>(first), second);
 }
 
 MessageAnswer Win32Face::messageBox(const MessageQuestion& question) {
-  return showMessage(m_window, m_user, titleText(), question);
+  return showMessage(m_frame.window(), m_user, titleText(), question);
 }
 
 std::optional<OdString> Win32Face::askFile(const FileRequest& request) {
-  return showFileDialog(m_window, m_user, titleText(), request);
+  return showFileDialog(m_frame.window(), m_user, titleText(), request);
 }
 
 } // namespace ui::win32

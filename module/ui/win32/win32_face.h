@@ -1,8 +1,8 @@
 #pragma once
-#include "control_windows.h"
-#include "ui/face.h"
+#include "form_window.h"
 #include "ui/worked_dialog.h"
 #include <exception>
+#include <map>
 
 namespace ui::win32 {
 
@@ -11,37 +11,31 @@ namespace ui::win32 {
 ///
 /// A control counts as left when the focus goes to another one of the same dialog, not when it goes to
 /// another window.
-class Win32Face final : public Face, private WorkedDialog {
+class Win32Face final : public Face, private WorkedDialog, private WindowKeeper {
 public:
   /// Shows a compiled template; `number` names it. Template, events and user (null: a person) must outlive
   /// the face.
   Win32Face(unsigned number, std::span<const std::uint8_t> source, DialogEvents& events, DialogUser* user);
+  ~Win32Face() override;
 
   int run() override;
   void end(int code) override;
+  FormFace& frame() override { return m_frame; }
+  FormFace& addPage(int tabs, const OdString& title, unsigned number, std::span<const std::uint8_t> source,
+                    PageEvents& events) override;
+  int activePage() const override { return m_activePage; }
+  void activatePage(int index) override;
 
   OdString titleText() const override;
   void setTitle(const OdString& title) override;
-  OdString text(int id) const override { return m_controls.at(id).text(); }
-  void setText(int id, const OdString& text) override;
-  bool isEnabled(int id) const override { return !m_controls.at(id).hasStyle(WS_DISABLED); }
-  void enable(int id, bool on) override;
-  bool isShown(int id) const override { return m_controls.at(id).hasStyle(WS_VISIBLE); }
-  void show(int id, bool on) override;
-  bool isChecked(int id) const override { return m_controls.at(id).isChecked(); }
-  void setChecked(int id, bool on) override { m_controls.check(m_controls.at(id), on); }
-  int addItem(int id, const OdString& text) override { return m_controls.listAt(id).addItem(text); }
-  void removeItems(int id) override { m_controls.listAt(id).removeItems(); }
-  int itemCount(int id) const override { return m_controls.listAt(id).itemCount(); }
-  OdString itemText(int id, int index) const override { return m_controls.listAt(id).itemText(index); }
-  int selection(int id) const override { return m_controls.listAt(id).selection(); }
-  void select(int id, int index) override;
-  void setFocus(int id) override;
-  int focusedControl() const override { return m_focus; }
   Placement placement() const override;
   void setPlacement(const Placement& placement) override;
-  void* window() const override { return m_window; }
+  void setVisible(bool on) override;
+  void* window() const override { return m_frame.window(); }
   bool isRightControlHeld() const override { return GetAsyncKeyState(VK_RCONTROL) < 0; }
+  void listen(const OdString& name) override;
+  void send(const OdString& name, std::intptr_t first, std::intptr_t second) override;
+  void post(const OdString& name, std::intptr_t first, std::intptr_t second) override;
   MessageAnswer messageBox(const MessageQuestion& question) override;
   std::optional<OdString> askFile(const FileRequest& request) override;
 
@@ -49,51 +43,93 @@ private:
   /// Posted to the dialog by itself: the user's turn; the first one is marked.
   static constexpr UINT turnMessage = WM_APP + 1;
 
+  struct OpenPage {
+    OdString title;
+    PageEvents& events;
+    std::unique_ptr<FormWindow> form;
+  };
+  /// A control and the form that it is on.
+  struct Place {
+    FormWindow* form = nullptr;
+    ControlWindow* control = nullptr;
+  };
+
   static INT_PTR CALLBACK dialogProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK controlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR subclass, DWORD_PTR face);
+  static INT_PTR CALLBACK pageProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   INT_PTR handle(UINT message, WPARAM wParam, LPARAM lParam);
   void initialise();
   void command(int id, unsigned notice, HWND sender);
-  void noticeFrom(const ControlWindow& control, unsigned notice);
-  void focusArrived(HWND window);
-  void tellLeft(int id);
-  void passFocusOn(HWND control);
+  void tellLeft(const Focus& left);
   void takeTurn(bool isFirst);
-  /// Runs what may throw; the system's frames below must not be unwound, so an exception is kept for run and
-  /// closes the dialog.
-  template <class Action>
-  void guarded(Action action);
+  void needRichEdits(const res::DialogTemplate& source);
+  OpenPage* openPage() const;
+  void showPage(int index);
+  void placePages();
   void rethrow() const;
 
+  // WindowKeeper
+  bool isOver() const override { return hasEnded(); }
+  Focus focused() const override { return m_focus; }
+  void focusOn(const Focus& target) override;
+  void focusArrived(const Focus& target) override;
+  void passFocusOn() override;
+  void pressed(FormWindow& form, int id) override;
+  bool leavePage() override;
+  void pageTurned() override;
+  void guard(const std::function<void()>& action) override;
+
+  // OpenDialog
   const wchar_t* title() const override;
-  int controlCount() const override { return static_cast<int>(m_controls.all().size()); }
+  int controlCount() const override { return static_cast<int>(places().size()); }
   bool controlAt(int index, ControlInfo& info) const override;
   bool control(int id, ControlInfo& info) const override;
   const wchar_t* item(int id, int index) const override;
-  int focus() const override { return m_focus; }
-  ControlInfo describe(const ControlWindow& control) const;
+  int swatch(int id, int index) const override;
+  const wchar_t* cell(int id, int row, int column) const override;
+  RowLook rowLook(int id, int row) const override;
+  TextRange field(int id, int index) const override;
+  TextRange selection(int id) const override;
+  int focus() const override { return m_focus.id; }
 
+  // WorkedDialog
+  bool isVisible() const override { return m_visible; }
   void moveTo(int id) override;
   void replaceText(int id, const OdString& text) override;
   void clickOn(int id) override;
   void chooseItem(int id, int item) override;
+  void selectRange(int id, TextRange range) override;
+  void clickTwice(int id) override;
+  void turnTo(int id, int page) override;
+  Menu menuOf(int id) override;
+  void chooseCommand(int id, int command) override;
   void strike(Key key) override;
   int nextTabStop() const override;
   int defaultButton() const override;
+
+  /// The controls for the eye: those of the open page behind its tabs.
+  std::vector<Place> places() const;
+  /// What the user means by a number: a control of the dialog or of the open page.
+  Place find(int id) const;
+  Place holding(HWND window) const;
+  ControlInfo describe(const ControlWindow& control) const;
+  const wchar_t* say(OdString text) const;
 
   std::span<const std::uint8_t> m_source;
   DialogEvents& m_events;
   DialogUser* m_user;
   res::DialogTemplate m_template;
-  ControlWindows m_controls;
-  /// Null before it is made; the system destroys it.
-  HWND m_window = nullptr;
-  int m_focus = 0;
+  /// Of the library whose windows rich edits are, once one was needed.
+  HMODULE m_richEdits = nullptr;
+  mutable FormWindow m_frame;
+  mutable std::vector<OpenPage> m_pages;
+  int m_tabs = 0;
+  int m_activePage = -1;
+  SIZE m_leastSize{};
+  std::map<UINT, OdString> m_messages;
+  Focus m_focus;
+  bool m_visible = true;
   int m_result = 0;
-  /// The dialog is changing a control itself, which brings no notice.
-  bool m_silent = false;
   std::exception_ptr m_error;
   /// What was handed out to the user last.
   mutable OdString m_said;

@@ -1,4 +1,5 @@
 // What only a real window has: a person at the keyboard, and handles of the system.
+#include "controls_probe.h"
 #include "probe_dialog.h"
 #include "support/system.h"
 #include "sys/library.h"
@@ -59,6 +60,31 @@ private:
   UINT_PTR m_timer = 0;
 };
 
+/// Strikes keys in the menus that open meanwhile, in whose loops the dialog's own person would wait for ever.
+class Menus {
+public:
+  explicit Menus(std::vector<WPARAM> keys) {
+    wanted = std::move(keys);
+    m_timer = SetTimer(nullptr, 0, 50, &Menus::tick);
+  }
+  ~Menus() { KillTimer(nullptr, m_timer); }
+  Menus(const Menus&) = delete;
+  Menus& operator=(const Menus&) = delete;
+
+private:
+  static void CALLBACK tick(HWND, UINT, UINT_PTR, DWORD) {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &info) || !(info.flags & GUI_INMENUMODE) || wanted.empty())
+      return;
+    PostMessageW(info.hwndMenuOwner, WM_KEYDOWN, wanted.front(), 0);
+    wanted.erase(wanted.begin());
+  }
+
+  static inline std::vector<WPARAM> wanted;
+  UINT_PTR m_timer;
+};
+
 TEST(Window, IsWalkedThroughByTab) {
   ProbeDialog dialog;
   dialog.reactions["init"] = [](ProbeDialog& d) { d.setChecked(IDC_ATTEXT_SDF); };
@@ -94,6 +120,58 @@ TEST(Window, ObeysTheMarkedLettersAndTheKeysOfEveryDialog) {
     EXPECT_EQ(dialog.doModal(), 2);
     EXPECT_THAT(dialog.events, ElementsAre("init", event));
   }
+}
+
+TEST(Window, AClickOnACheckedRadioButtonIsNone) {
+  ProbeDialog dialog;
+  dialog.reactions["init"] = [](ProbeDialog& d) {
+    d.setChecked(IDC_ATTEXT_SDF);
+    d.setFocus(IDC_ATTEXT_SDF);
+  };
+  Person person;
+  person.strike({VK_SPACE}).strike({VK_DOWN}).strike({VK_SPACE}).strike({VK_UP}).strike({VK_ESCAPE});
+  EXPECT_EQ(dialog.doModal(), 2);
+  EXPECT_THAT(dialog.events, ElementsAre("init", "press 1026", "press 1025"));
+}
+
+TEST(Window, TakesAFieldAsOneUnitFromTheKeyboard) {
+  const std::tuple<const char*, std::vector<std::vector<WORD>>, std::string, std::string> cases[] = {
+      {"typing behind it", {{VK_END}, {'A'}}, "Room 3.01a", "change 51"},
+      {"taking it away", {{VK_END}, {VK_BACK}}, "Room ", "change 51"},
+      {"typing over it", {{VK_END}, {VK_SHIFT, VK_LEFT}, {'3'}}, "Room 3", "change 51"},
+      {"its beginning typed beside it", {{VK_END}, {VK_LEFT}, {VK_LEFT}, {'3'}}, "Room 33.01", "change 51"},
+  };
+  for (const auto& [what, keys, text, event] : cases) {
+    ControlsProbe probe;
+    std::string seen;
+    probe.prepare = [&] {
+      probe.value().setRuns({{L"Room ", 0}, {L"3.01", 5}});
+      probe.values.form->setFocus(51);
+    };
+    probe.reactions["close"] = [&] { seen = probe.values.form->text(51).toUtf8(); };
+    Person person;
+    for (const std::vector<WORD>& chord : keys) person.strike(chord);
+    person.strike({VK_ESCAPE});
+    EXPECT_EQ(probe.run(nullptr), 2) << what;
+    EXPECT_EQ(seen, text) << what;
+    EXPECT_THAT(probe.events, Contains(event)) << what;
+  }
+}
+
+TEST(Window, OpensTheMenuOfAListByKeyAndTurnsPagesByArrow) {
+  ControlsProbe probe;
+  probe.menu = {{120, L"Move &Up"}, {121, L"Edit...", false}, {}, {122, L"Remove"}};
+  probe.prepare = [&] { probe.form().setFocus(46); };
+  Person person;
+  person.strike({VK_DOWN}).strike({VK_SHIFT, VK_F10});
+  probe.reactions["menu 46 122"] = [&] {
+    probe.form().setFocus(48);
+    person.strike({VK_RIGHT}).strike({VK_ESCAPE});
+  };
+  const Menus menus({VK_UP, VK_RETURN});
+  EXPECT_EQ(probe.run(nullptr), 2);
+  EXPECT_THAT(probe.events, Contains("menu 46 122"));
+  EXPECT_THAT(probe.events, Contains("activate texts"));
 }
 
 TEST(Window, TellsEveryKeyThatIsTyped) {
@@ -202,22 +280,23 @@ std::vector<std::size_t> held() {
           reinterpret_cast<std::size_t>(event)};
 }
 
-HandmadeUser* handmadeUser = nullptr;
-
 TEST(Window, AThousandOpeningsLeaveNothing) {
   HandmadeUser user;
-  user.act = [](ui::OpenDialog& d) {
-    d.press(IDC_ATTEXT_SELECT) == ui::Outcome::done&& d.escape() == ui::Outcome::done;
+  ControlsProbe probe;
+  probe.prepare = [&] {
+    probe.list().select(1); // an emphasised row has its font
+    probe.face->listen(L"__TEST_MESSAGE");
   };
-  handmadeUser = &user;
-  ui::setDialogUserSource(+[]() -> ui::DialogUser* { return handmadeUser; });
-  ProbeDialog dialog;
+  user.act = [](ui::OpenDialog& d) {
+    d.press(47) == ui::Outcome::done&& d.type(51, L"Room") == ui::Outcome::done&& d.choose(48, 1) ==
+        ui::Outcome::done&& d.escape() == ui::Outcome::done;
+  };
   std::vector<std::size_t> before;
   for (int i = 0; i < 1010; ++i) {
     if (i == 10) before = held(); // what the system keeps from the first openings stays
-    dialog.doModal();
+    ASSERT_EQ(probe.run(&user), 2);
+    probe.face.reset();
   }
-  ui::setDialogUserSource(nullptr);
   const std::vector<std::size_t> after = held();
   for (std::size_t kind = 0; kind < before.size(); ++kind) EXPECT_LE(after[kind], before[kind] + 20) << kind;
 }
