@@ -88,7 +88,7 @@ public:
     texts.form = &face->addPage(48, L"Text Options", 11, everythingDialog(11), texts);
     value().setRuns({{L"Room ", 0}, {L"3.01", 5}, {L", floor ", 0}, {L"3", 6}});
     texts.form->setText(61, L"2.5");
-    texts.form->setChecked(64);
+    texts.form->setChecked(64, true);
     for (const wchar_t* item : {L"Top", L"Middle", L"Bottom"}) texts.form->items(66).add(item);
     form().setFocus(IDOK);
     prepare();

@@ -9,6 +9,7 @@
 #include <cstring>
 #include <stdexcept>
 #include <utility>
+#include <uxtheme.h>
 
 namespace ui::win32 {
 namespace {
@@ -171,6 +172,7 @@ FormFace& Win32Face::addPage(int tabs, const OdString& title, unsigned number,
   CreateDialogIndirectParamW(GetModuleHandleW(nullptr), reinterpret_cast<const DLGTEMPLATE*>(source.data()),
                              m_frame.window(), &pageProcedure, reinterpret_cast<LPARAM>(form.get()));
   if (!form->window()) throwNotMade(title, GetLastError());
+  EnableThemeDialogTexture(form->window(), ETDT_ENABLETAB); // the ground of tabs, not of dialogs
   m_tabs = tabs;
   TCITEMW item{};
   item.mask = TCIF_TEXT;
