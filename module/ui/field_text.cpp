@@ -9,20 +9,21 @@ bool touches(TextRange range, TextRange field) { return range.begin < field.end 
 
 } // namespace
 
-Splice difference(const OdString& before, const OdString& after, int caret) {
+Splice difference(const OdString& before, const OdString& after, std::optional<TextRange> around) {
   const std::wstring &a = before.str(), &b = after.str();
-  const std::size_t behindCaret = b.size() - std::min(b.size(), static_cast<std::size_t>(caret));
-  const auto [endA, endB] = std::mismatch(a.rbegin(), a.rend(), b.rbegin(), b.rend());
-  auto suffix = static_cast<std::size_t>(endA - a.rbegin());
-  if (caret != wholeText) suffix = std::min(suffix, behindCaret);
+  const auto length = [](TextRange range) {
+    return static_cast<std::size_t>(std::max(0, range.end - range.begin));
+  };
   const std::size_t shorter = std::min(a.size(), b.size());
-  const auto firstOther =
-      std::mismatch(a.begin(), a.begin() + static_cast<std::ptrdiff_t>(shorter), b.begin()).first;
-  const auto prefix = static_cast<std::size_t>(firstOther - a.begin());
-  const std::size_t begin = std::min(prefix, shorter - std::min(suffix, shorter));
-  suffix = std::min(suffix, shorter - begin);
-  return {{static_cast<int>(begin), static_cast<int>(a.size() - suffix)},
-          OdString(b.substr(begin, b.size() - suffix - begin))};
+  const std::size_t mostBefore = around ? std::min(shorter, length({0, around->begin})) : shorter;
+  const std::size_t mostBehind = around ? length({around->end, before.getLength()}) : shorter;
+  std::size_t prefix = 0, suffix = 0;
+  while (prefix < mostBefore && a[prefix] == b[prefix]) ++prefix;
+  while (suffix < std::min(mostBehind, shorter - prefix) &&
+         a[a.size() - 1 - suffix] == b[b.size() - 1 - suffix])
+    ++suffix;
+  return {{static_cast<int>(prefix), static_cast<int>(a.size() - suffix)},
+          OdString(b.substr(prefix, b.size() - suffix - prefix))};
 }
 
 FieldText::FieldText(const std::vector<TextRun>& runs) {

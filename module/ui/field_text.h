@@ -1,5 +1,6 @@
 #pragma once
 #include "field_edit.h"
+#include <optional>
 
 namespace ui {
 
@@ -9,9 +10,8 @@ struct Splice {
   OdString text;
 };
 
-/// The one change that makes `after` of `before`, as short as can be; of several equal ones, one that ends at
-/// or before `caret`, which counts in `after`.
-Splice difference(const OdString& before, const OdString& after, int caret = wholeText);
+/// The one change that makes `after` of `before`, as short as can be, but covering at least `around`.
+Splice difference(const OdString& before, const OdString& after, std::optional<TextRange> around = {});
 
 /// A text of typed runs and fields, and the rules for changing it.
 class FieldText {

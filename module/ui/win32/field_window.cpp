@@ -19,16 +19,6 @@ private:
   bool m_before;
 };
 
-/// The change, with at least what was selected before: a character that is typed over a field may be the
-/// first one of that field.
-Splice widenedBy(Splice change, TextRange selected, const OdString& before, const OdString& after) {
-  const int begin = std::min(change.range.begin, selected.begin);
-  const int end = std::max(change.range.end, selected.end);
-  const int behind = before.getLength() - end;
-  if (selected.begin == selected.end || behind < 0 || after.getLength() - behind < begin) return change;
-  return {{begin, end}, after.mid(begin, after.getLength() - behind - begin)};
-}
-
 } // namespace
 
 FieldWindow::FieldWindow(HWND window) : m_window(window) {
@@ -113,8 +103,7 @@ void FieldWindow::splice(const Splice& change) {
 bool FieldWindow::followChange() {
   if (m_working) return false;
   const OdString now = windowText(m_window);
-  const Splice change =
-      widenedBy(difference(m_text.text(), now, selection().end), m_selectionBefore, m_text.text(), now);
+  const Splice change = difference(m_text.text(), now, std::exchange(m_selectionBefore, std::nullopt));
   const int end = m_text.replace(change.range, {change.text, 0});
   if (m_text.text() != now) {
     write(); // a part of a field was left
@@ -123,12 +112,26 @@ bool FieldWindow::followChange() {
     paint();
   }
   send(EM_SETMODIFY, TRUE);
-  m_selectionBefore = {0, 0};
+  return true;
+}
+
+void FieldWindow::eraseBack() {
+  TextRange range = selection();
+  if (range.begin == range.end) --range.begin;
+  if (range.end > 0) splice({range, {}});
+}
+
+bool FieldWindow::moveCaret(bool right) {
+  const TextRange selected = selection();
+  if (selected.begin == selected.end) return false;
+  const int end = right ? selected.end : selected.begin;
+  select({end, end});
   return true;
 }
 
 void FieldWindow::followSelection() {
-  if (m_working) return;
+  // A key that changes the text moves the caret first, in a text that is not known yet.
+  if (m_working || windowText(m_window) != m_text.text()) return;
   const TextRange selected = selection();
   const TextRange whole = m_text.widened(selected);
   if (whole.begin != selected.begin || whole.end != selected.end) select(selected);

@@ -29,6 +29,11 @@ public:
   bool followChange();
   /// The window tells a change of its selection.
   void followSelection();
+  /// The Backspace key. Some systems first move the caret as the arrow key does, which selects a field.
+  void eraseBack();
+  /// The caret goes to an end of the selection; false when nothing is selected. Some systems move it on from
+  /// the other end, and it would never come out of a field.
+  bool moveCaret(bool right);
   /// A disabled rich edit does not look so by itself.
   void showEnabled(bool on) const;
 
@@ -40,7 +45,8 @@ private:
 
   HWND m_window;
   FieldText m_text;
-  TextRange m_selectionBefore{0, 0};
+  /// Before the key or command that is under way.
+  std::optional<TextRange> m_selectionBefore;
   /// The window is being changed by us, which is no change of the user.
   bool m_working = false;
 };

@@ -1,6 +1,7 @@
 // What the controls of a form tell, and what is done before they get their messages.
 #include "form_window.h"
 #include "ui/control_kind.h"
+#include <algorithm>
 #include <commctrl.h>
 #include <richedit.h>
 #include <utility>
@@ -38,9 +39,17 @@ POINT menuPlace(const ControlWindow& control) {
   return at;
 }
 
+/// The characters of keys that are done by us: Ctrl+V, Backspace, and this one with Ctrl.
+constexpr WPARAM takenKeys[] = {0x16, 0x08, 0x7F};
+
+bool isHeld(int modifier) { return GetKeyState(modifier) < 0; }
+
 bool isPasteKey(WPARAM key) {
-  const auto held = [](int modifier) { return GetKeyState(modifier) < 0; };
-  return (key == 'V' && held(VK_CONTROL)) || (key == VK_INSERT && held(VK_SHIFT));
+  return (key == 'V' && isHeld(VK_CONTROL)) || (key == VK_INSERT && isHeld(VK_SHIFT));
+}
+
+bool isPlainArrow(WPARAM key) {
+  return (key == VK_LEFT || key == VK_RIGHT) && !isHeld(VK_SHIFT) && !isHeld(VK_CONTROL);
 }
 
 } // namespace
@@ -224,10 +233,11 @@ bool FormWindow::interceptFields(ControlWindow& control, UINT message, WPARAM wP
   case WM_PASTE: fields.perform(EditCommand::paste); return true;
   case WM_KEYDOWN:
     fields.beforeChange();
-    if (!isPasteKey(wParam)) return false;
-    fields.perform(EditCommand::paste);
-    return true;
-  case WM_CHAR: fields.beforeChange(); return wParam == 0x16; // Ctrl+V, whose key was taken
+    if (isPlainArrow(wParam)) return fields.moveCaret(wParam == VK_RIGHT);
+    if (wParam == VK_BACK) return fields.eraseBack(), true;
+    if (isPasteKey(wParam)) return fields.perform(EditCommand::paste), true;
+    return false;
+  case WM_CHAR: fields.beforeChange(); return std::ranges::find(takenKeys, wParam) != std::end(takenKeys);
   case WM_CUT:
   case WM_CLEAR:
   case WM_IME_CHAR:

@@ -11,6 +11,7 @@ namespace {
 
 using testing::Contains;
 using testing::ElementsAre;
+using testing::HasSubstr;
 
 /// Strikes keys, one after the other, while a dialog is open; before each, it may look at the dialog.
 class Person {
@@ -278,6 +279,18 @@ std::vector<std::size_t> held() {
   CloseHandle(event);
   return {GetGuiResources(process, GR_USEROBJECTS), GetGuiResources(process, GR_GDIOBJECTS), handles, windows,
           reinterpret_cast<std::size_t>(event)};
+}
+
+TEST(Window, ThatCannotBeMadeIsAClearError) {
+  ControlsProbe probe;
+  try {
+    ui::makeFace(13, everythingDialog(13), probe, nullptr)->run();
+    FAIL();
+  } catch (const ui::DialogError& error) {
+    EXPECT_THAT(error.what(),
+                HasSubstr("The dialog \"Windowless\" cannot be shown: the system made no window for it"));
+  }
+  EXPECT_TRUE(probe.events.empty());
 }
 
 TEST(Window, AThousandOpeningsLeaveNothing) {
