@@ -40,6 +40,7 @@ int Editor::ask(const Question& question, const Judge& judge) {
   for (;;) {
     const OdString line = m_input.nextAnswer(question.prompt);
     if (Input::isEscape(line)) return kHostEdCancel;
+    if (!question.text && m_input.runPromptCommand(line)) continue;
     const bool empty = question.text ? line.isEmpty() : trimmed(line).isEmpty();
     if (empty && !(question.flags & kHostEdNoEmpty)) return kHostEdEmpty;
     if (empty)
