@@ -15,7 +15,6 @@ namespace {
 
 using host::RunResult;
 using testing::ElementsAre;
-using testing::ElementsAreArray;
 using testing::IsEmpty;
 
 using Corners = std::vector<std::pair<double, double>>;
