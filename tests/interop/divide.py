@@ -39,10 +39,9 @@ def draw_curves(space) -> List:
         space.add_spline(),
     ]
     curves[-1].set_open_rational(waves, [1 + 0.4 * (i % 3) for i in range(9)], degree=4)
-    for closed in (False, True):
-        for attributes in ({"elevation": 2.0, **tilted}, {}):
-            corners = [(math.cos(i) * 9, math.sin(i) * 9, i * 0.3 - 0.7) for i in range(6)]
-            curves.append(space.add_lwpolyline(corners, format="xyb", close=closed, dxfattribs=attributes))
+    for closed, attributes in ((False, {}), (True, {"elevation": 2.0, **tilted})):
+        corners = [(math.cos(i) * 9, math.sin(i) * 9, i * 0.3 - 0.7) for i in range(6)]
+        curves.append(space.add_lwpolyline(corners, format="xyb", close=closed, dxfattribs=attributes))
     return curves
 
 
