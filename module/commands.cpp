@@ -2,6 +2,7 @@
 // for their user.
 #include "attext/attext_command.h"
 #include "construct/ray_command.h"
+#include "construct/xline_command.h"
 #include "frame/host_lookup.h"
 #include "frame/registration.h"
 #include "frame/test_command.h"
@@ -15,6 +16,7 @@ using frame::createCommand;
 const CommandRegistration elxTest{"ElxTest", &createCommand<TestCmd>};
 const CommandRegistration ray{"Ray", &createCommand<CRayCmd>};
 const CommandRegistration attExt{"AttExt", &createCommand<AttExtCmd>};
+const CommandRegistration xline{"XLINE", &createCommand<CXLineCmd>};
 
 /// Whom the host offers to work dialogs in place of a person at a window; mostly nobody.
 ui::DialogUser* hostDialogUser() {
