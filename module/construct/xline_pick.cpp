@@ -62,7 +62,8 @@ int pickLine(const XlineRun& run, const std::function<bool(const Line&)>& use) {
   for (;;) {
     OdDbObjectId id;
     OdGePoint3d picked;
-    const int code = run.input().SelectEntity(res::loadString(IDS_SELECT_LINE_OBJECT), 0, id, &picked);
+    const int code =
+        run.input().SelectEntity(res::loadString(IDS_SELECT_LINE_OBJECT), kOneObjectFlags, id, &picked);
     if (code != kHostEdValue) return code;
     const std::optional<Line> line = lineObject(run.database(), id, picked);
     if (line && use(*line)) return code;

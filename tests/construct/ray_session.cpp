@@ -2,6 +2,7 @@
 #include "support/drawings.h"
 #include "sys/library.h"
 #include <cmath>
+#include <sstream>
 
 namespace {
 
@@ -37,29 +38,42 @@ RaySession::~RaySession() {
   EXPECT_EQ(sys::findLoadedLibrary("blockattr"), nullptr) << "settings of one test would reach the next";
 }
 
-host::RunResult RaySession::execute(const std::string& command, const std::vector<std::string>& answers) {
+host::RunResult RaySession::execute(const std::string& command, const std::string& answers) {
   lines.prompts.clear();
   lines.printed.clear();
-  for (const std::string& answer : answers) lines.type({answer.c_str()});
+  std::size_t count = 0;
+  std::istringstream stream(answers + "|");
+  for (std::string answer; std::getline(stream, answer, '|'); ++count) lines.type({answer.c_str()});
   const host::RunResult result = session.execute(OdString::fromUtf8(command));
-  EXPECT_EQ(lines.prompts.size(), answers.size()) << "as many questions as answers";
+  EXPECT_EQ(lines.prompts.size(), count) << "as many questions as answers";
   EXPECT_FALSE(lines.readLine("")) << "an answer was not asked for";
   lines.prompts.pop_back();
   return result;
 }
 
-RaySession::Outcome RaySession::run(const std::string& command, const std::vector<std::string>& answers) {
+RaySession::Outcome RaySession::run(const std::string& command, const std::string& answers) {
   database().clearUndo();
   const std::string before = test::savedBytes(database());
   const std::size_t old = linesOf(database().getModelSpaceId()).size();
-  const host::RunResult result = execute(command, answers);
+  Outcome outcome{execute(command, answers), {}};
   const std::vector<std::string> printed = lines.printed;
-  std::vector<std::string> drawn = linesOf(database().getModelSpaceId());
-  drawn.erase(drawn.begin(), drawn.begin() + static_cast<std::ptrdiff_t>(old));
-  if (!drawn.empty()) session.execute(L"U");
+  const std::vector<std::string> all = linesOf(database().getModelSpaceId());
+  for (std::size_t i = old; i < all.size(); ++i) outcome.drawn += (i > old ? " + " : "") + all[i];
+  if (all.size() > old) session.execute(L"U");
   EXPECT_EQ(test::savedBytes(database()), before);
   lines.printed = printed;
-  return {result, drawn};
+  return outcome;
+}
+
+void RaySession::check(const std::string& command, std::initializer_list<Case> cases) {
+  for (const Case& test : cases) {
+    SCOPED_TRACE(test.name);
+    setUcs(test.ucs);
+    const Outcome outcome = run(command, test.answers);
+    EXPECT_EQ(outcome.result, test.result);
+    EXPECT_EQ(outcome.drawn, test.drawn);
+    EXPECT_EQ(lines.printed, std::vector<std::string>(test.unusable, "No usable object selected"));
+  }
 }
 
 std::vector<std::string> RaySession::linesOf(OdDbObjectId record) {

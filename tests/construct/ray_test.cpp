@@ -6,53 +6,28 @@
 
 namespace {
 
-using host::RunResult;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
-class Ray : public RaySession {};
+class Ray : public RaySession {
+protected:
+  void check(std::initializer_list<Case> cases) { RaySession::check("Ray", cases); }
+};
 
 TEST_F(Ray, AnswersLeadToTheirStatusAndRays) {
-  const struct {
-    const char* name;
-    std::vector<std::string> answers;
-    RunResult result;
-    std::vector<std::string> drawn;
-    Ucs ucs = {};
-  } cases[] = {
-      {"Esc at once", {"^C"}, RunResult::cancelled, {}},
-      {"Enter at once", {""}, RunResult::completed, {}},
-      {"Esc after the start", {"1,1", "^C"}, RunResult::cancelled, {}},
-      {"Enter after the start", {"1,1", ""}, RunResult::completed, {}},
-      {"what is drawn before Esc stays", {"0,0", "3,4", "^C"}, RunResult::cancelled, {"ray 0,0,0 0.6,0.8,0"}},
-      {"all from one start",
-       {"1,2", "4,6", "1,-7", "1,2,9", ""},
-       RunResult::completed,
-       {"ray 1,2,0 0.6,0.8,0", "ray 1,2,0 0,-1,0", "ray 1,2,0 0,0,1"}},
-      {"the start again draws nothing",
-       {"0,0", "0,0", "0.00000000005,0", "-2,0", ""},
-       RunResult::completed,
-       {"ray 0,0,0 -1,0,0"}},
-      {"points farther apart than numbers reach",
-       {"-1e308,0", "1e308,0", "0,0", ""},
-       RunResult::completed,
-       {"ray -1e+308,0,0 1,0,0"}},
-      {"turned coordinates",
-       {"1,0", "1,1", ""},
-       RunResult::completed,
-       {"ray 10.6,0.8,0 -0.8,0.6,0"},
-       kRotated},
-      {"tilted coordinates", {"0,0", "3,4", ""}, RunResult::completed, {"ray 1,2,3 0.6,0.48,0.64"}, kTilted},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.name);
-    setUcs(test.ucs);
-    const Outcome outcome = run("Ray", test.answers);
-    EXPECT_EQ(outcome.result, test.result);
-    EXPECT_EQ(outcome.drawn, test.drawn);
-    EXPECT_THAT(lines.printed, IsEmpty());
-  }
-  execute("Ray", {"0,0", "1,1", ""});
+  check({
+      {"Esc at once", "^C", kCancelled, ""},
+      {"Enter at once", "", kDone, ""},
+      {"Esc after the start", "1,1|^C", kCancelled, ""},
+      {"Enter after the start", "1,1|", kDone, ""},
+      {"what is drawn before Esc stays", "0,0|3,4|^C", kCancelled, "ray 0,0,0 0.6,0.8,0"},
+      {"all from one start", "1,2|4,6|1,-7|1,2,9|", kDone,
+       "ray 1,2,0 0.6,0.8,0 + ray 1,2,0 0,-1,0 + ray 1,2,0 0,0,1"},
+      {"the start again draws nothing", "0,0|0,0|0.00000000005,0|-2,0|", kDone, "ray 0,0,0 -1,0,0"},
+      {"points farther apart than numbers reach", "-1e308,0|1e308,0|0,0|", kDone, "ray -1e+308,0,0 1,0,0"},
+      {"turned coordinates", "1,0|1,1|", kDone, "ray 10.6,0.8,0 -0.8,0.6,0", kRotated},
+      {"tilted coordinates", "0,0|3,4|", kDone, "ray 1,2,3 0.6,0.48,0.64", kTilted},
+  });
+  execute("Ray", "0,0|1,1|");
   EXPECT_THAT(lines.prompts,
               ElementsAre("Specify start point: ", "Specify through point: ", "Specify through point: "));
 }
@@ -67,7 +42,7 @@ protected:
     return sheet->appendOdDbEntity(viewport);
   }
   OdDbObjectId spaceDrawnIn() {
-    execute(GetParam(), {"0,0", "1,0", ""});
+    execute(GetParam(), "0,0|1,0|");
     for (const OdDbObjectId& space : {database().getModelSpaceId(), database().getPaperSpaceId()})
       if (!linesOf(space).empty()) return space;
     return {};
@@ -104,7 +79,7 @@ TEST_P(EndlessLines, HaveTheDefaultsOfTheDrawing) {
   const OdSmartPtr<OdDbLayerTable> layers = database().getLayerTableId().safeOpenObject(OdDb::kForWrite);
   database().setCLAYER(layers->add(layer));
   database().setCECOLOR(OdCmColor::fromIndex(3));
-  execute(GetParam(), {"0,0", "1,0", ""});
+  execute(GetParam(), "0,0|1,0|");
   const OdDbBlockTableRecordPtr space = database().getModelSpaceId().safeOpenObject();
   const OdDbObjectIteratorPtr it = space->newIterator();
   ASSERT_FALSE(it->done());

@@ -5,9 +5,7 @@
 
 namespace {
 
-using host::RunResult;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 OdDbLinePtr segment(const OdGePoint3d& from, const OdGePoint3d& to) {
   OdDbLinePtr line = OdDbLine::createObject();
@@ -18,25 +16,7 @@ OdDbLinePtr segment(const OdGePoint3d& from, const OdGePoint3d& to) {
 
 class Xline : public RaySession {
 protected:
-  struct Case {
-    const char* name;
-    std::vector<std::string> answers;
-    RunResult result;
-    std::vector<std::string> drawn;
-    Ucs ucs = {};
-    std::vector<std::string> printed = {};
-  };
-  template <std::size_t Count>
-  void check(const Case (&cases)[Count]) {
-    for (const Case& test : cases) {
-      SCOPED_TRACE(test.name);
-      setUcs(test.ucs);
-      const Outcome outcome = run("XLINE", test.answers);
-      EXPECT_EQ(outcome.result, test.result);
-      EXPECT_EQ(outcome.drawn, test.drawn);
-      EXPECT_EQ(lines.printed, test.printed);
-    }
-  }
+  void check(std::initializer_list<Case> cases) { RaySession::check("XLINE", cases); }
   void setReal(const wchar_t* variable, int code, double value) {
     database().setSysVar(variable, OdResBuf::newRb(code, value));
   }
@@ -45,36 +25,30 @@ protected:
   }
 };
 
-constexpr RunResult kDone = RunResult::completed;
-constexpr RunResult kCancelled = RunResult::cancelled;
-const std::vector<std::string> kUnusable = {"No usable object selected"};
-
 TEST_F(Xline, ThroughAStartPoint) {
   check({
-      {"Esc at once", {"^C"}, kCancelled, {}},
-      {"Enter at once", {""}, kDone, {}},
-      {"Enter after the start", {"1,1", ""}, kDone, {}},
-      {"what is drawn before Esc stays", {"1,2", "4,6", "^C"}, kCancelled, {"xline 1,2,0 0.6,0.8,0"}},
-      {"all through one start",
-       {"0,0", "-5,0", "0,0", "0.00000000005,0", "0,0,2", ""},
-       kDone,
-       {"xline 0,0,0 -1,0,0", "xline 0,0,0 0,0,1"}},
-      {"points farther apart than numbers reach", {"-1e308,0", "1e308,0", ""}, kDone, {}},
-      {"turned", {"1,0", "1,1", ""}, kDone, {"xline 10.6,0.8,0 -0.8,0.6,0"}, kRotated},
-      {"tilted", {"0,0", "3,4", ""}, kDone, {"xline 1,2,3 0.6,0.48,0.64"}, kTilted},
+      {"Esc at once", "^C", kCancelled, ""},
+      {"Enter at once", "", kDone, ""},
+      {"Enter after the start", "1,1|", kDone, ""},
+      {"what is drawn before Esc stays", "1,2|4,6|^C", kCancelled, "xline 1,2,0 0.6,0.8,0"},
+      {"all through one start", "0,0|-5,0|0,0|0.00000000005,0|0,0,2|", kDone,
+       "xline 0,0,0 -1,0,0 + xline 0,0,0 0,0,1"},
+      {"points farther apart than numbers reach", "-1e308,0|1e308,0|", kDone, ""},
+      {"turned", "1,0|1,1|", kDone, "xline 10.6,0.8,0 -0.8,0.6,0", kRotated},
+      {"tilted", "0,0|3,4|", kDone, "xline 1,2,3 0.6,0.48,0.64", kTilted},
   });
 }
 
 TEST_F(Xline, AlongTheAxesOfTheCoordinateSystem) {
   check({
-      {"horizontal", {"Hor", "3,4", "5,6,7", ""}, kDone, {"xline 3,4,0 1,0,0", "xline 5,6,7 1,0,0"}},
-      {"vertical", {"v", "0,0", ""}, kDone, {"xline 0,0,0 0,1,0"}},
-      {"nothing drawn", {"Ver", ""}, kDone, {}},
-      {"Esc", {"Hor", "1,1", "^C"}, kCancelled, {"xline 1,1,0 1,0,0"}},
-      {"horizontal, turned", {"Hor", "1,0", ""}, kDone, {"xline 10.6,0.8,0 0.6,0.8,0"}, kRotated},
-      {"vertical, turned", {"Ver", "0,0", ""}, kDone, {"xline 10,0,0 -0.8,0.6,0"}, kRotated},
-      {"horizontal, tilted", {"Hor", "0,5", ""}, kDone, {"xline 1,5,7 1,0,0"}, kTilted},
-      {"vertical, tilted", {"Ver", "0,5", ""}, kDone, {"xline 1,5,7 0,0.6,0.8"}, kTilted},
+      {"horizontal", "Hor|3,4|5,6,7|", kDone, "xline 3,4,0 1,0,0 + xline 5,6,7 1,0,0"},
+      {"vertical", "v|0,0|", kDone, "xline 0,0,0 0,1,0"},
+      {"nothing drawn", "Ver|", kDone, ""},
+      {"Esc", "Hor|1,1|^C", kCancelled, "xline 1,1,0 1,0,0"},
+      {"horizontal, turned", "Hor|1,0|", kDone, "xline 10.6,0.8,0 0.6,0.8,0", kRotated},
+      {"vertical, turned", "Ver|0,0|", kDone, "xline 10,0,0 -0.8,0.6,0", kRotated},
+      {"horizontal, tilted", "Hor|0,5|", kDone, "xline 1,5,7 1,0,0", kTilted},
+      {"vertical, tilted", "Ver|0,5|", kDone, "xline 1,5,7 0,0.6,0.8", kTilted},
   });
 }
 
@@ -82,17 +56,17 @@ TEST_F(Xline, AtAnAngle) {
   // The cosine of 30 degrees is 0.866025404. Turned by 90 degrees, (0.6, 0.8) becomes (-0.8, 0.6); tilted,
   // (0, 1) becomes (0, 0.6, 0.8).
   check({
-      {"0 unless told", {"Ang", "", "1,2", "3,4", ""}, kDone, {"xline 1,2,0 1,0,0", "xline 3,4,0 1,0,0"}},
-      {"degrees", {"Ang", "30", "0,0", ""}, kDone, {"xline 0,0,0 0.866025404,0.5,0"}},
-      {"negative", {"Ang", "-90", "0,0", ""}, kDone, {"xline 0,0,0 0,-1,0"}},
-      {"shown by two points", {"Ang", "1,1,0", "4,5", "9,9", ""}, kDone, {"xline 9,9,0 0.6,0.8,0"}},
-      {"Esc at the angle", {"Ang", "^C"}, kCancelled, {}},
-      {"Enter at the point", {"Ang", "45", ""}, kDone, {}},
-      {"Esc at the point", {"Ang", "", "1,2", "^C"}, kCancelled, {"xline 1,2,0 1,0,0"}},
-      {"turned", {"Ang", "90", "0,0", ""}, kDone, {"xline 10,0,0 -0.8,0.6,0"}, kRotated},
-      {"turned, 0", {"Ang", "", "0,0", ""}, kDone, {"xline 10,0,0 0.6,0.8,0"}, kRotated},
-      {"tilted", {"Ang", "90", "0,0", ""}, kDone, {"xline 1,2,3 0,0.6,0.8"}, kTilted},
-      {"seen from below", {"Ang", "30", "0,0", ""}, kDone, {"xline 0,0,0 0.866025404,-0.5,0"}, kBelow},
+      {"0 unless told", "Ang||1,2|3,4|", kDone, "xline 1,2,0 1,0,0 + xline 3,4,0 1,0,0"},
+      {"degrees", "Ang|30|0,0|", kDone, "xline 0,0,0 0.866025404,0.5,0"},
+      {"negative", "Ang|-90|0,0|", kDone, "xline 0,0,0 0,-1,0"},
+      {"shown by two points", "Ang|1,1,0|4,5|9,9|", kDone, "xline 9,9,0 0.6,0.8,0"},
+      {"Esc at the angle", "Ang|^C", kCancelled, ""},
+      {"Enter at the point", "Ang|45|", kDone, ""},
+      {"Esc at the point", "Ang||1,2|^C", kCancelled, "xline 1,2,0 1,0,0"},
+      {"turned", "Ang|90|0,0|", kDone, "xline 10,0,0 -0.8,0.6,0", kRotated},
+      {"turned, 0", "Ang||0,0|", kDone, "xline 10,0,0 0.6,0.8,0", kRotated},
+      {"tilted", "Ang|90|0,0|", kDone, "xline 1,2,3 0,0.6,0.8", kTilted},
+      {"seen from below", "Ang|30|0,0|", kDone, "xline 0,0,0 0.866025404,-0.5,0", kBelow},
   });
 }
 
@@ -101,11 +75,11 @@ TEST_F(Xline, AnglesAreCountedAsTheDrawingCountsThem) {
   setReal(L"$ANGBASE", 50, 90);
   setInteger(L"$ANGDIR", 1);
   check({
-      {"0 is up", {"Ang", "0", "0,0", ""}, kDone, {"xline 0,0,0 0,1,0"}},
-      {"and so is Enter", {"Ang", "", "0,0", ""}, kDone, {"xline 0,0,0 0,1,0"}},
-      {"clockwise from there", {"Ang", "60", "0,0", ""}, kDone, {"xline 0,0,0 0.866025404,0.5,0"}},
-      {"parallel", {"Ang", "Ref", line, "", "0,0", ""}, kDone, {"xline 0,0,0 0.8,0.6,0"}},
-      {"clockwise from the line", {"Ang", "R", line, "90", "0,0", ""}, kDone, {"xline 0,0,0 0.6,-0.8,0"}},
+      {"0 is up", "Ang|0|0,0|", kDone, "xline 0,0,0 0,1,0"},
+      {"and so is Enter", "Ang||0,0|", kDone, "xline 0,0,0 0,1,0"},
+      {"clockwise from there", "Ang|60|0,0|", kDone, "xline 0,0,0 0.866025404,0.5,0"},
+      {"parallel", "Ang|Ref|" + line + "||0,0|", kDone, "xline 0,0,0 0.8,0.6,0"},
+      {"clockwise from the line", "Ang|R|" + line + "|90|0,0|", kDone, "xline 0,0,0 0.6,-0.8,0"},
   });
 }
 
@@ -117,79 +91,53 @@ TEST_F(Xline, AtAnAngleToALine) {
   const std::string line = add(segment({1, 1, 0}, {4, 5, 0})), endless = add(xline), half = add(ray);
   const std::string point = add(segment({7, 7, 0}, {7, 7, 0})), circle = add(OdDbCircle::createObject());
   const std::string steep = add(segment({0, 0, 0}, {3, 0, 4})), upright = add(segment({0, 0, 0}, {0, 0, 4}));
-  const std::vector<std::string> thrice = {kUnusable[0], kUnusable[0], kUnusable[0]};
   check({
-      {"parallel", {"Ang", "Reference", line, "", "0,0", ""}, kDone, {"xline 0,0,0 0.6,0.8,0"}},
-      {"added to the line's", {"Ang", "R", line, "90", "2,2", ""}, kDone, {"xline 2,2,0 -0.8,0.6,0"}},
-      {"of a construction line",
-       {"Ang", "R", endless, "-30", "0,0", ""},
-       kDone,
-       {"xline 0,0,0 0.5,0.866025404,0"}},
-      {"of a ray", {"Ang", "R", half, "", "0,0", ""}, kDone, {"xline 0,0,0 -1,0,0"}},
-      {"of the line as it is seen", {"Ang", "R", steep, "", "0,0", ""}, kDone, {"xline 0,0,0 1,0,0"}},
+      {"parallel", "Ang|Reference|" + line + "||0,0|", kDone, "xline 0,0,0 0.6,0.8,0"},
+      {"added to the line's", "Ang|R|" + line + "|90|2,2|", kDone, "xline 2,2,0 -0.8,0.6,0"},
+      {"of a construction line", "Ang|R|" + endless + "|-30|0,0|", kDone, "xline 0,0,0 0.5,0.866025404,0"},
+      {"of a ray", "Ang|R|" + half + "||0,0|", kDone, "xline 0,0,0 -1,0,0"},
+      {"of the line as it is seen", "Ang|R|" + steep + "||0,0|", kDone, "xline 0,0,0 1,0,0"},
       {"after objects of no use",
-       {"Ang", "R", circle, point, upright, line, "", "0,0", ""},
+       "Ang|R|" + circle + "|" + point + "|" + upright + "|" + line + "||0,0|",
        kDone,
-       {"xline 0,0,0 0.6,0.8,0"},
+       "xline 0,0,0 0.6,0.8,0",
        {},
-       thrice},
-      {"Esc at the object", {"Ang", "R", "^C"}, kCancelled, {}},
-      {"Enter at the object", {"Ang", "R", ""}, kCancelled, {}},
-      {"Esc after an object of no use", {"Ang", "R", circle, "^C"}, kCancelled, {}, {}, kUnusable},
-      {"Esc at the second angle", {"Ang", "R", line, "^C"}, kCancelled, {}},
-      {"turned", {"Ang", "R", line, "90", "0,0", ""}, kDone, {"xline 10,0,0 -0.8,0.6,0"}, kRotated},
+       3},
+      {"Esc at the object", "Ang|R|^C", kCancelled, ""},
+      {"Enter at the object", "Ang|R|", kCancelled, ""},
+      {"Esc after an object of no use", "Ang|R|" + circle + "|^C", kCancelled, "", {}, 1},
+      {"Esc at the second angle", "Ang|R|" + line + "|^C", kCancelled, ""},
+      {"turned", "Ang|R|" + line + "|90|0,0|", kDone, "xline 10,0,0 -0.8,0.6,0", kRotated},
       // (3, 4, 0) is (3, 2.4) in a plane whose Y axis is (0, 0.6, 0.8); 3 : 2.4 is 5 : 4, of
       // length 6.403124237.
-      {"tilted",
-       {"Ang", "R", line, "", "0,0", ""},
-       kDone,
-       {"xline 1,2,3 0.780868809,0.374817029,0.499756038"},
+      {"tilted", "Ang|R|" + line + "||0,0|", kDone, "xline 1,2,3 0.780868809,0.374817029,0.499756038",
        kTilted},
-      {"upright from the front", {"Ang", "R", upright, "", "0,0", ""}, kDone, {"xline 0,0,0 0,0,1"}, kFront},
+      {"upright from the front", "Ang|R|" + upright + "||0,0|", kDone, "xline 0,0,0 0,0,1", kFront},
   });
 }
 
 TEST_F(Xline, HalvingAngles) {
   check({
-      {"a right angle",
-       {"Bisect", "0,0", "9,0", "0,1", ""},
-       kDone,
-       {"xline 0,0,0 0.707106781,0.707106781,0"}},
+      {"a right angle", "Bisect|0,0|9,0|0,1|", kDone, "xline 0,0,0 0.707106781,0.707106781,0"},
       // (1, 0) and (0.6, 0.8) add up to (1.6, 0.8), which is 2 : 1.
-      {"several from one start",
-       {"b", "1,1", "2,1", "4,5", "4,-3", ""},
-       kDone,
-       {"xline 1,1,0 0.894427191,0.447213595,0", "xline 1,1,0 0.894427191,-0.447213595,0"}},
-      {"no angle", {"b", "0,0", "2,0", "5,0", ""}, kDone, {"xline 0,0,0 1,0,0"}},
-      {"the vertex, and what lies opposite, have no bisector",
-       {"b", "0,0", "2,0", "0,0", "-7,0", "0,2", ""},
-       kDone,
-       {"xline 0,0,0 0.707106781,0.707106781,0"}},
-      {"a start on the vertex is asked for again",
-       {"b", "3,3", "3,3", "4,3", "3,4", ""},
-       kDone,
-       {"xline 3,3,0 0.707106781,0.707106781,0"}},
-      {"points farther apart than numbers reach",
-       {"b", "-1e308,0", "1e308,0", "0,0", "0,0", ""},
-       kDone,
-       {"xline -1e+308,0,0 1,0,0"}},
-      {"Esc at the vertex", {"b", "^C"}, kCancelled, {}},
-      {"Enter at the vertex", {"b", ""}, kDone, {}},
-      {"Esc at the start", {"b", "0,0", "^C"}, kCancelled, {}},
-      {"Enter at the start", {"b", "0,0", ""}, kDone, {}},
-      {"Esc at the end", {"b", "0,0", "1,0", "1,0", "^C"}, kCancelled, {"xline 0,0,0 1,0,0"}},
+      {"several from one start", "b|1,1|2,1|4,5|4,-3|", kDone,
+       "xline 1,1,0 0.894427191,0.447213595,0 + xline 1,1,0 0.894427191,-0.447213595,0"},
+      {"no angle", "b|0,0|2,0|5,0|", kDone, "xline 0,0,0 1,0,0"},
+      {"the vertex, and what lies opposite, have no bisector", "b|0,0|2,0|0,0|-7,0|0,2|", kDone,
+       "xline 0,0,0 0.707106781,0.707106781,0"},
+      {"a start on the vertex is asked for again", "b|3,3|3,3|4,3|3,4|", kDone,
+       "xline 3,3,0 0.707106781,0.707106781,0"},
+      {"points farther apart than numbers reach", "b|-1e308,0|1e308,0|0,0|0,0|", kDone,
+       "xline -1e+308,0,0 1,0,0"},
+      {"Esc at the vertex", "b|^C", kCancelled, ""},
+      {"Enter at the vertex", "b|", kDone, ""},
+      {"Esc at the start", "b|0,0|^C", kCancelled, ""},
+      {"Enter at the start", "b|0,0|", kDone, ""},
+      {"Esc at the end", "b|0,0|1,0|1,0|^C", kCancelled, "xline 0,0,0 1,0,0"},
       // Half of (0.6, 0.8) and (-0.8, 0.6) is (-0.1, 0.7).
-      {"turned",
-       {"b", "0,0", "1,0", "0,1", ""},
-       kDone,
-       {"xline 10,0,0 -0.141421356,0.989949494,0"},
-       kRotated},
+      {"turned", "b|0,0|1,0|0,1|", kDone, "xline 10,0,0 -0.141421356,0.989949494,0", kRotated},
       // Half of (1, 0, 0) and (0, 0.6, 0.8) is (0.5, 0.3, 0.4).
-      {"tilted",
-       {"b", "0,0", "1,0", "0,1", ""},
-       kDone,
-       {"xline 1,2,3 0.707106781,0.424264069,0.565685425"},
-       kTilted},
+      {"tilted", "b|0,0|1,0|0,1|", kDone, "xline 1,2,3 0.707106781,0.424264069,0.565685425", kTilted},
   });
 }
 
@@ -201,107 +149,93 @@ TEST_F(Xline, BesideALine) {
   const std::string steep = add(segment({0, 0, 0}, {3, 0, 4})),
                     far = add(segment({0, 1e308, 0}, {9, 1e308, 0}));
   check({
-      {"left", {"Offset", "5", line, "-9,9", ""}, kDone, {"xline -4,3,0 0.6,0.8,0"}},
-      {"right", {"o", "5", line, "9,9", ""}, kDone, {"xline 4,-3,0 0.6,0.8,0"}},
-      {"on it", {"o", "5", line, "6,8", ""}, kDone, {"xline 4,-3,0 0.6,0.8,0"}},
-      {"behind it", {"o", "5", line, "-6,-8", ""}, kDone, {"xline 4,-3,0 0.6,0.8,0"}},
-      {"the other way", {"o", "5", back, "-9,9", ""}, kDone, {"xline -1,7,0 -0.6,-0.8,0"}},
-      {"one after the other",
-       {"o", "2", axis, "0,1", line, "9,9", axis, "0,-1", ""},
-       kDone,
-       {"xline 0,2,0 1,0,0", "xline 1.6,-1.2,0 0.6,0.8,0", "xline 0,-2,0 1,0,0"}},
-      {"at once where the distance is 0", {"o", "0", line, "9,9", ""}, kDone, {"xline 0,0,0 0.6,0.8,0"}},
-      {"higher and lower ends", {"o", "2", steep, "0,1", ""}, kDone, {"xline 0,2,0 0.6,0,0.8"}},
-      {"no usable object", {"o", "2", circle, axis, "0,1", ""}, kDone, {"xline 0,2,0 1,0,0"}, {}, kUnusable},
+      {"left", "Offset|5|" + line + "|-9,9|", kDone, "xline -4,3,0 0.6,0.8,0"},
+      {"right", "o|5|" + line + "|9,9|", kDone, "xline 4,-3,0 0.6,0.8,0"},
+      {"on it", "o|5|" + line + "|6,8|", kDone, "xline 4,-3,0 0.6,0.8,0"},
+      {"behind it", "o|5|" + line + "|-6,-8|", kDone, "xline 4,-3,0 0.6,0.8,0"},
+      {"the other way", "o|5|" + back + "|-9,9|", kDone, "xline -1,7,0 -0.6,-0.8,0"},
+      {"one after the other", "o|2|" + axis + "|0,1|" + line + "|9,9|" + axis + "|0,-1|", kDone,
+       "xline 0,2,0 1,0,0 + xline 1.6,-1.2,0 0.6,0.8,0 + xline 0,-2,0 1,0,0"},
+      {"at once where the distance is 0", "o|0|" + line + "|9,9|", kDone, "xline 0,0,0 0.6,0.8,0"},
+      {"higher and lower ends", "o|2|" + steep + "|0,1|", kDone, "xline 0,2,0 0.6,0,0.8"},
+      {"no usable object", "o|2|" + circle + "|" + axis + "|0,1|", kDone, "xline 0,2,0 1,0,0", {}, 1},
       {"a line without sides",
-       {"o", "2", upright, "0,1", axis, "0,1", ""},
+       "o|2|" + upright + "|0,1|" + axis + "|0,1|",
        kDone,
-       {"xline 0,2,0 1,0,0"},
+       "xline 0,2,0 1,0,0",
        {},
-       kUnusable},
-      {"where numbers end", {"o", "1.7e308", far, "0,1.5e308", ""}, kDone, {}, {}, kUnusable},
-      {"Esc at the distance", {"o", "^C"}, kCancelled, {}},
-      {"Esc at the object", {"o", "2", "^C"}, kCancelled, {}},
-      {"Enter at the object", {"o", "2", ""}, kDone, {}},
-      {"Esc at the side", {"o", "2", axis, "^C"}, kCancelled, {}},
-      {"Enter at the side", {"o", "2", axis, ""}, kDone, {}},
-      {"Esc later", {"o", "2", axis, "0,1", "^C"}, kCancelled, {"xline 0,2,0 1,0,0"}},
-      {"turned", {"o", "5", line, "*-9,9,0", ""}, kDone, {"xline -4,3,0 0.6,0.8,0"}, kRotated},
-      {"from below", {"o", "2", axis, "0,3", ""}, kDone, {"xline 0,-2,0 1,0,0"}, kBelow},
-      {"from below, other side", {"o", "2", axis, "0,-3", ""}, kDone, {"xline 0,2,0 1,0,0"}, kBelow},
-      {"from the front", {"o", "2", axis, "0,3", ""}, kDone, {"xline 0,0,2 1,0,0"}, kFront},
-      {"from the front, upright", {"o", "2", upright, "3,0", ""}, kDone, {"xline 2,0,0 0,0,1"}, kFront},
-      {"tilted", {"o", "5", axis, "0,9", ""}, kDone, {"xline 0,3,4 1,0,0"}, kTilted},
-      {"tilted, other side", {"o", "5", axis, "0,-9", ""}, kDone, {"xline 0,-3,-4 1,0,0"}, kTilted},
+       1},
+      {"where numbers end", "o|1.7e308|" + far + "|0,1.5e308|", kDone, "", {}, 1},
+      {"Esc at the distance", "o|^C", kCancelled, ""},
+      {"Esc at the object", "o|2|^C", kCancelled, ""},
+      {"Enter at the object", "o|2|", kDone, ""},
+      {"Esc at the side", "o|2|" + axis + "|^C", kCancelled, ""},
+      {"Enter at the side", "o|2|" + axis + "|", kDone, ""},
+      {"Esc later", "o|2|" + axis + "|0,1|^C", kCancelled, "xline 0,2,0 1,0,0"},
+      {"turned", "o|5|" + line + "|*-9,9,0|", kDone, "xline -4,3,0 0.6,0.8,0", kRotated},
+      {"from below", "o|2|" + axis + "|0,3|", kDone, "xline 0,-2,0 1,0,0", kBelow},
+      {"from below, other side", "o|2|" + axis + "|0,-3|", kDone, "xline 0,2,0 1,0,0", kBelow},
+      {"from the front", "o|2|" + axis + "|0,3|", kDone, "xline 0,0,2 1,0,0", kFront},
+      {"from the front, upright", "o|2|" + upright + "|3,0|", kDone, "xline 2,0,0 0,0,1", kFront},
+      {"tilted", "o|5|" + axis + "|0,9|", kDone, "xline 0,3,4 1,0,0", kTilted},
+      {"tilted, other side", "o|5|" + axis + "|0,-9|", kDone, "xline 0,-3,-4 1,0,0", kTilted},
   });
 }
 
 TEST_F(Xline, ParallelsThroughPoints) {
   const std::string line = add(segment({0, 0, 0}, {3, 4, 0})), upright = add(segment({0, 0, 0}, {0, 0, 4}));
   check({
-      {"at once",
-       {"o", "", line, "5,5", "7,7", ""},
-       kDone,
-       {"xline 5,5,0 0.6,0.8,0", "xline 7,7,0 0.6,0.8,0"}},
-      {"no direction", {"o", "", upright, line, "5,5", ""}, kDone, {"xline 5,5,0 0.6,0.8,0"}, {}, kUnusable},
-      {"Esc at the object", {"o", "", "^C"}, kCancelled, {}},
-      {"Enter at the object", {"o", "", ""}, kCancelled, {}},
-      {"Esc at the point", {"o", "", line, "1,1", "^C"}, kCancelled, {"xline 1,1,0 0.6,0.8,0"}},
+      {"at once", "o||" + line + "|5,5|7,7|", kDone, "xline 5,5,0 0.6,0.8,0 + xline 7,7,0 0.6,0.8,0"},
+      {"no direction", "o||" + upright + "|" + line + "|5,5|", kDone, "xline 5,5,0 0.6,0.8,0", {}, 1},
+      {"Esc at the object", "o||^C", kCancelled, ""},
+      {"Enter at the object", "o||", kCancelled, ""},
+      {"Esc at the point", "o||" + line + "|1,1|^C", kCancelled, "xline 1,1,0 0.6,0.8,0"},
       // As with angles, (3, 4, 0) is seen as (3, 2.4) in that plane.
-      {"tilted",
-       {"o", "", line, "0,0", ""},
-       kDone,
-       {"xline 1,2,3 0.780868809,0.374817029,0.499756038"},
-       kTilted},
+      {"tilted", "o||" + line + "|0,0|", kDone, "xline 1,2,3 0.780868809,0.374817029,0.499756038", kTilted},
   });
 }
 
 TEST_F(Xline, TheOffsetIsRememberedWhileTheModuleIsLoaded) {
   add(segment({0, 0, 0}, {3, 0, 0}));
   const struct {
-    std::vector<std::string> answers;
+    const char* answers;
     const char* shown;
-    const char* next; ///< the prompt after the object
+    const char* last; ///< prompt
   } runs[] = {
-      {{"o", "", "last", "^C"}, "[Through]", "Specify through point: "},
-      {{"o", "2.5", "^C"}, "[Through]", nullptr},
-      {{"o", "", "last", "^C"}, "[2.5000]", "Specify side to offset: "},
-      {{"o", "t", "last", "^C"}, "[2.5000]", "Specify through point: "},
-      {{"o", "^C"}, "[Through]", nullptr},
-      {{"o", "6'", "last", "0,1", ""}, "[Through]", "Specify side to offset: "},
-      {{"o", "^C"}, "[72.0000]", nullptr},
+      {"o||last|^C", "[Through]", "Specify through point: "},
+      {"o|2.5|^C", "[Through]", "Select a line object: "},
+      {"o||last|^C", "[2.5000]", "Specify side to offset: "},
+      {"o|t|last|^C", "[2.5000]", "Specify through point: "},
+      {"o|6'|last|0,1|", "[Through]", "Select a line object: "},
+      {"o|^C", "[72.0000]", "Specify offset distance [72.0000]: "},
   };
   for (const auto& each : runs) {
-    SCOPED_TRACE(each.answers[1] + " " + each.shown);
+    SCOPED_TRACE(each.answers);
     run("XLINE", each.answers);
     EXPECT_EQ(lines.prompts[1], std::string("Specify offset distance ") + each.shown + ": ");
-    if (each.next) {
-      EXPECT_EQ(lines.prompts[3], each.next);
-    }
+    EXPECT_EQ(lines.prompts.back(), each.last);
   }
   setInteger(L"$LUNITS", 4);
-  run("XLINE", {"o", "30.5", "^C"});
+  run("XLINE", "o|30.5|^C");
   EXPECT_EQ(lines.prompts[1], "Specify offset distance [6'-0\"]: ");
-  run("XLINE", {"o", "-1", "^C"});
+  run("XLINE", "o|-1|^C");
   EXPECT_EQ(lines.prompts[1], "Specify offset distance [2'-6 1/2\"]: ");
-  EXPECT_THAT(lines.printed, ElementsAre(testing::HasSubstr("\"-1\" is not a distance of at least 0")));
+  EXPECT_THAT(lines.printed, ElementsAre("\"-1\" is not a distance of at least 0, nor one of Through."));
 }
 
 TEST_F(Xline, Prompts) {
   add(segment({0, 0, 0}, {3, 0, 0}));
   const std::string start = "Specify start point [Hor/Ver/Ang/Bisect/Offset]: ";
   const std::string through = "Specify through point: ", object = "Select a line object: ";
-  const std::pair<std::vector<std::string>, std::vector<std::string>> cases[] = {
-      {{"0,0", "1,0", ""}, {start, through, through}},
-      {{"Hor", "1,0", ""}, {start, through, through}},
-      {{"Ang", "1", "1,0", ""}, {start, "Enter angle of xline (0) [Reference]: ", through, through}},
-      {{"Ang", "R", "last", "1", "1,0", ""},
-       {start, "Enter angle of xline (0) [Reference]: ", object, "Enter angle of xline (0): ", through,
-        through}},
-      {{"Bisect", "0,0", "1,0", "0,1", ""},
-       {start, "Specify angle vertex point: ", "Specify angle start point: ", "Specify angle end point: ",
-        "Specify angle end point: "}},
-      {{"Offset", "1", "last", "0,1", ""},
+  const std::string angle = "Enter angle of xline (0) [Reference]: ", end = "Specify angle end point: ";
+  const std::pair<const char*, std::vector<std::string>> cases[] = {
+      {"0,0|1,0|", {start, through, through}},
+      {"Hor|1,0|", {start, through, through}},
+      {"Ang|1|1,0|", {start, angle, through, through}},
+      {"Ang|R|last||1,0|", {start, angle, object, "Enter angle of xline (0): ", through, through}},
+      {"Bisect|0,0|1,0|0,1|",
+       {start, "Specify angle vertex point: ", "Specify angle start point: ", end, end}},
+      {"Offset|1|last|0,1|",
        {start, "Specify offset distance [Through]: ", object, "Specify side to offset: ", object}},
   };
   for (const auto& [answers, prompts] : cases) {
