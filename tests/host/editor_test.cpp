@@ -1,5 +1,4 @@
 // Prompts and answers, in a drawing whose coordinate system is that of the world.
-#include "HostEdInputTracker.h"
 #include "lines.h"
 #include <gmock/gmock.h>
 
@@ -167,25 +166,6 @@ TEST_F(EditorTest, TheLastPointLeadsRelativePoints) {
   EXPECT_EQ(point, OdGePoint3d(2, 3, 0));
   editor.LastPoint(last);
   EXPECT_EQ(last, point);
-}
-
-TEST_F(EditorTest, TrackersFollowTheCursorUntilTheAnswer) {
-  class Tracker final : public HostEdPointTracker {
-  public:
-    bool Filter(const HostEdInputMessage& message, const OdGePoint3d& cursor) override {
-      EXPECT_EQ(message.kind, 512u);
-      EXPECT_EQ(*message.payload, cursor);
-      moves.push_back(cursor.x);
-      return true;
-    }
-    std::vector<double> moves;
-  } tracker;
-  lines.type({"move 3,4", "MOVE @5,0", "move", "7,7"});
-  OdGePoint3d point;
-  EXPECT_EQ(editor.GetPoint(nullptr, point, L"Specify point", nullptr, 4, nullptr, &tracker), -1);
-  EXPECT_THAT(tracker.moves, ElementsAre(3, 5)) << "moves leave the last point alone";
-  EXPECT_EQ(point.x, 7);
-  EXPECT_EQ(lines.printed.size(), 1u);
 }
 
 TEST_F(EditorTest, PrintsFormattedMessages) {
