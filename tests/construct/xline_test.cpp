@@ -17,9 +17,6 @@ OdDbLinePtr segment(const OdGePoint3d& from, const OdGePoint3d& to) {
 class Xline : public RaySession {
 protected:
   void check(std::initializer_list<Case> cases) { RaySession::check("XLINE", cases); }
-  void setReal(const wchar_t* variable, int code, double value) {
-    database().setSysVar(variable, OdResBuf::newRb(code, value));
-  }
   void setInteger(const wchar_t* variable, int value) {
     database().setSysVar(variable, OdResBuf::newRb(70, OdInt64(value)));
   }
@@ -72,7 +69,7 @@ TEST_F(Xline, AtAnAngle) {
 
 TEST_F(Xline, AnglesAreCountedAsTheDrawingCountsThem) {
   const std::string line = add(segment({0, 0, 0}, {4, 3, 0}));
-  setReal(L"$ANGBASE", 50, 90);
+  database().setSysVar(L"$ANGBASE", OdResBuf::newRb(50, 90.0));
   setInteger(L"$ANGDIR", 1);
   check({
       {"0 is up", "Ang|0|0,0|", kDone, "xline 0,0,0 0,1,0"},
@@ -221,6 +218,23 @@ TEST_F(Xline, TheOffsetIsRememberedWhileTheModuleIsLoaded) {
   run("XLINE", "o|-1|^C");
   EXPECT_EQ(lines.prompts[1], "Specify offset distance [2'-6 1/2\"]: ");
   EXPECT_THAT(lines.printed, ElementsAre("\"-1\" is not a distance of at least 0, nor one of Through."));
+}
+
+TEST_F(Xline, PreviewsTheNextLine) {
+  add(segment({0, 0, 0}, {3, 4, 0}));
+  const std::pair<const char*, std::string> cases[] = {
+      {"1,1|move 1,1|move 4,5|^C", "xline through 1,1 towards 4,5"},
+      {"Hor|move 2,3|^C", "xline through 2,3 towards 3,3"},
+      {"Ver|move 2,3|^C", "xline through 2,3 towards 2,4"},
+      {"Ang|90|move 2,3|^C", "xline through 2,3 towards 2,4"},
+      {"Ang|R|last||move 0,0|^C", "xline through 0,0 towards 0.6,0.8"},
+      {"Bisect|0,0|9,0|move 0,0|move -1,0|move 0,4|^C", "xline through 0,0 towards 2,2"},
+      {"Offset||last|move 5,5|^C", "xline through 5,5 towards 5.6,5.8"},
+  };
+  for (const auto& [answers, shown] : cases) {
+    run("XLINE", answers);
+    EXPECT_THAT(lines.printed, ElementsAre("Preview: " + shown)) << answers;
+  }
 }
 
 TEST_F(Xline, Prompts) {
