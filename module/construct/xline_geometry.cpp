@@ -26,7 +26,7 @@ std::optional<OdGeVector3d> bisector(const OdGePoint3d& vertex, const OdGePoint3
 OdGeVector3d ucsAxis(const OdDbDatabase& database, const OdChar* variable) {
   OdGeVector3d axis;
   hostdbGetVar(&database, variable, axis);
-  return axis.normal();
+  return axis.normalize();
 }
 
 std::optional<OdGeVector3d> inUcsPlane(const OdDbDatabase& database, const OdGeVector3d& direction) {

@@ -23,6 +23,7 @@ std::optional<OdGeVector3d> bisector(const OdGePoint3d& vertex, const OdGePoint3
                                      const OdGePoint3d& end);
 
 /// The direction of an axis of the current coordinate system, "UCSXDIR" or "UCSYDIR", of unit length.
+/// Throws OdError(eDegenerateGeometry) where a damaged drawing has none.
 OdGeVector3d ucsAxis(const OdDbDatabase& database, const OdChar* variable);
 
 /// A direction as an angle sees it: what it is in the XY plane of the current coordinate system, of unit

@@ -220,6 +220,13 @@ TEST_F(Xline, TheOffsetIsRememberedWhileTheModuleIsLoaded) {
   EXPECT_THAT(lines.printed, ElementsAre("\"-1\" is not a distance of at least 0, nor one of Through."));
 }
 
+TEST_F(Xline, ACoordinateSystemWithoutAnAxisIsTold) {
+  database().setSysVar(L"$UCSXDIR", OdResBuf::newRb(10, OdGePoint3d()));
+  EXPECT_EQ(run("XLINE", "Hor").result, host::RunResult::failed);
+  EXPECT_THAT(lines.printed, ElementsAre("XLINE failed: The geometry is degenerate: a length, direction or "
+                                         "plane is missing."));
+}
+
 TEST_F(Xline, PreviewsTheNextLine) {
   add(segment({0, 0, 0}, {3, 4, 0}));
   const std::pair<const char*, std::string> cases[] = {
