@@ -47,12 +47,14 @@ int drawBeside(const XlineRun& run, const Line& line) {
 }
 
 CMD_RUNSTATUS drawAtDistance(const XlineRun& run) {
-  for (;;) {
+  for (bool isFirst = true;; isFirst = false) {
     std::optional<Line> picked;
     int code = pickLine(run, [&](const Line& line) {
       picked = line;
       return true;
     });
+    // A run without any object has failed; later, Enter ends it well.
+    if (!picked && isFirst) return kCmdCancelled;
     if (picked) code = drawBeside(run, *picked);
     if (code != kHostEdValue) return frame::statusAfter(code);
   }

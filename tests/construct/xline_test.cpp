@@ -165,7 +165,7 @@ TEST_F(Xline, BesideALine) {
       {"where numbers end", "o|1.7e308|" + far + "|0,1.5e308|", kDone, "", {}, 1},
       {"Esc at the distance", "o|^C", kCancelled, ""},
       {"Esc at the object", "o|2|^C", kCancelled, ""},
-      {"Enter at the object", "o|2|", kDone, ""},
+      {"Enter at the object", "o|2|", kCancelled, ""},
       {"Esc at the side", "o|2|" + axis + "|^C", kCancelled, ""},
       {"Enter at the side", "o|2|" + axis + "|", kDone, ""},
       {"Esc later", "o|2|" + axis + "|0,1|^C", kCancelled, "xline 0,2,0 1,0,0"},
