@@ -4,6 +4,7 @@
 #include "construct/divide_command.h"
 #include "construct/ray_command.h"
 #include "construct/wipeout_command.h"
+#include "construct/xline_command.h"
 #include "frame/host_lookup.h"
 #include "frame/registration.h"
 #include "frame/test_command.h"
@@ -14,11 +15,12 @@ namespace {
 using frame::CommandRegistration;
 using frame::createCommand;
 
-const CommandRegistration elxTest{"ElxTest", &createCommand<TestCmd>};
 const CommandRegistration ray{"Ray", &createCommand<CRayCmd>};
 const CommandRegistration divide{"Divide", &createCommand<CDivideCmd>};
+const CommandRegistration elxTest{"ElxTest", &createCommand<TestCmd>};
 const CommandRegistration wipeout{"Wipeout", &createCommand<CWipeoutCmd>};
 const CommandRegistration attExt{"AttExt", &createCommand<AttExtCmd>};
+const CommandRegistration xline{"XLINE", &createCommand<CXLineCmd>};
 
 /// Whom the host offers to work dialogs in place of a person at a window; mostly nobody.
 ui::DialogUser* hostDialogUser() {
