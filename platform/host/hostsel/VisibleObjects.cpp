@@ -16,7 +16,7 @@ namespace {
 
 /// References within references can multiply without bound; behind so many parts, objects count by their
 /// boxes.
-constexpr long kMostVisits = 2'000'000;
+constexpr long kMostVisits = 500'000;
 constexpr std::size_t kDeepest = 100;
 
 enum AttributeMode { kNone = 0, kAsStored = 1, kAll = 2 };
