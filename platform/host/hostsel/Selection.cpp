@@ -4,7 +4,8 @@
 #include "DbViewport.h"
 #include "HostUtils.h"
 #include "VisibleObjects.h"
-#include <ranges>
+#include <algorithm>
+#include <limits>
 
 namespace host {
 
@@ -127,12 +128,12 @@ OdDbObjectId pickAt(const OdDbDatabase& database, const OdGePoint3d& point) {
   OdDbObjectId found;
   double least = std::numeric_limits<double>::infinity();
   constexpr double kEqual = 1e-6; // of the pick box: what is drawn in one place
-  for (const Placed& object : std::views::reverse(scene.placed)) {
-    if (!object.isEndless && !pickBox.grown(reach * kEqual).touches(object.box)) continue;
-    const OdDbEntityPtr entity = OdDbEntity::cast(object.id.openObject());
+  for (auto object = scene.placed.rbegin(); object != scene.placed.rend(); ++object) {
+    if (!object->isEndless && !pickBox.grown(reach * kEqual).touches(object->box)) continue;
+    const OdDbEntityPtr entity = OdDbEntity::cast(object->id.openObject());
     const double distance = probed(objects, *entity, pickBox, Question::howNear, toPlan).distance();
     if (!(distance + reach * kEqual < least)) continue;
-    found = object.id;
+    found = object->id;
     least = distance;
   }
   return found;
