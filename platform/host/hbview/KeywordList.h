@@ -34,8 +34,8 @@ private:
   Words m_global;
 };
 
-/// A prompt as the user sees it: "%s" filled with the keywords, which are added in brackets, before a default,
-/// when the prompt's own brackets do not show them; with a colon at the end.
+/// A prompt as the user sees it: "%s" filled with the keywords, which are added in brackets, before a
+/// default, when the prompt's own brackets do not show them; with a colon at the end.
 OdString shownPrompt(const OdChar* prompt, const KeywordList& keywords);
 
 } // namespace host
