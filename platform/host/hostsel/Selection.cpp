@@ -14,22 +14,29 @@ namespace {
 using Layer = VisibleObjects::Layer;
 using Question = PlanProbe::Question;
 
-bool isSheet(const OdDbEntity* entity) {
+bool isSheet(OdDbObjectId id) {
   constexpr int kSheetNumber = 1;
-  const OdSmartPtr<OdDbViewport> viewport = OdDbViewport::cast(entity);
+  if (!id.objectClass()->isDerivedFrom(OdDbViewport::desc())) return false;
+  const OdSmartPtr<OdDbViewport> viewport = OdDbViewport::cast(id.openObject());
   return !viewport.isNull() && viewport->number() == kSheetNumber;
+}
+
+/// The objects of the active space, as they are stored or as they are drawn; null where there is no space.
+OdDbObjectIteratorPtr walk(const OdDbDatabase& database, bool asDrawn) {
+  const OdSmartPtr<OdDbBlockTableRecord> space =
+      OdDbBlockTableRecord::cast(getActiveBTRId(&database).openObject());
+  return space.isNull() ? OdDbObjectIteratorPtr() : space->newIterator(true, true, asDrawn);
 }
 
 /// Calls `visit(entity)` for the objects of the active space that are not frozen, as they are stored or as
 /// they are drawn.
 template <class Visitor>
 void visitSpace(const OdDbDatabase& database, VisibleObjects& objects, bool asDrawn, Visitor visit) {
-  const OdSmartPtr<OdDbBlockTableRecord> space =
-      OdDbBlockTableRecord::cast(getActiveBTRId(&database).openObject());
-  if (space.isNull()) return;
-  for (OdDbObjectIteratorPtr it = space->newIterator(true, true, asDrawn); !it->done(); it->step()) {
+  const OdDbObjectIteratorPtr it = walk(database, asDrawn);
+  for (; !it.isNull() && !it->done(); it->step()) {
     const OdDbEntityPtr entity = it->entity();
-    if (!entity.isNull() && !isSheet(entity) && objects.layerOf(*entity) != Layer::frozen) visit(*entity);
+    if (!entity.isNull() && !isSheet(it->objectId()) && objects.layerOf(*entity) != Layer::frozen)
+      visit(*entity);
   }
 }
 
@@ -95,7 +102,14 @@ double aperture(const Scene& scene, const OdGePoint2d& at) {
 OdDbObjectIdArray selectAll(const OdDbDatabase& database) {
   VisibleObjects objects(database);
   OdDbObjectIdArray ids;
-  visitSpace(database, objects, false, [&](const OdDbEntity& entity) { ids.append(entity.objectId()); });
+  if (objects.hasFrozenLayers()) {
+    visitSpace(database, objects, false, [&](const OdDbEntity& entity) { ids.append(entity.objectId()); });
+    return ids;
+  }
+  // Then no object has to be opened, which makes the difference in large drawings.
+  const OdDbObjectIteratorPtr it = walk(database, false);
+  for (; !it.isNull() && !it->done(); it->step())
+    if (!isSheet(it->objectId())) ids.append(it->objectId());
   return ids;
 }
 
@@ -148,7 +162,7 @@ OdDbObjectId lastObject(const OdDbDatabase& database) {
 
 Standing standingOf(const OdDbDatabase& database, OdDbObjectId id) {
   const OdDbEntityPtr entity = OdDbEntity::cast(id.openObject());
-  if (entity.isNull() || entity->ownerId() != getActiveBTRId(&database) || isSheet(entity))
+  if (entity.isNull() || entity->ownerId() != getActiveBTRId(&database) || isSheet(id))
     return Standing::elsewhere;
   return VisibleObjects(database).layerOf(*entity) == Layer::frozen ? Standing::frozen : Standing::selectable;
 }

@@ -3,6 +3,7 @@
 #include "DbBlockTable.h"
 #include "DbBlockTableRecord.h"
 #include "DbEntityFields.h"
+#include "DbLayerTable.h"
 #include "DbLayerTableRecord.h"
 #include "DbRay.h"
 #include "DbResBuf.h"
@@ -64,6 +65,16 @@ VisibleObjects::VisibleObjects(const OdDbDatabase& database)
     : m_database(database), m_attributeMode(attributeModeOf(database)) {}
 
 // --- who is shown ---
+
+bool VisibleObjects::hasFrozenLayers() const {
+  const OdDbLayerTablePtr layers = OdDbLayerTable::cast(m_database.getLayerTableId().openObject());
+  if (layers.isNull()) return false;
+  for (const OdDbSymbolTableIteratorPtr it = layers->newIterator(); !it->done(); it->step()) {
+    const OdDbLayerTableRecordPtr record = OdDbLayerTableRecord::cast(it->getRecord());
+    if (!record.isNull() && record->isFrozen()) return true;
+  }
+  return false;
+}
 
 const VisibleObjects::LayerFacts& VisibleObjects::layer(OdDbObjectId id) {
   const auto [known, isNew] = m_layers.try_emplace(id);

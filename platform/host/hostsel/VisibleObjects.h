@@ -25,6 +25,7 @@ public:
 
   explicit VisibleObjects(const OdDbDatabase& database);
 
+  bool hasFrozenLayers() const;
   Layer layerOf(const OdDbEntity& entity) { return layer(entity.layerId()).state; }
   bool isShown(const OdDbEntity& entity) {
     return layerOf(entity) == Layer::shown && entity.visibility() != OdDb::kInvisible;
