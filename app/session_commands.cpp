@@ -1,6 +1,9 @@
 #include "session_commands.h"
+#include "HostUtils.h"
 #include "QkCore.h"
 #include "drawing_file.h"
+#include "hostgsmanager/Display.h"
+#include "picture_loader.h"
 #include "sys/files.h"
 #include <algorithm>
 
@@ -15,6 +18,8 @@ const SessionCommands::Entry SessionCommands::kEntries[] = {
     {"OPEN", &SessionCommands::open, "opens a drawing"},
     {"SAVE", &SessionCommands::save, "saves the drawing"},
     {"SAVEAS", &SessionCommands::saveAs, "saves the drawing under another name"},
+    {"PICTURE", &SessionCommands::picture,
+     "draws the current space into a file; also at prompts: picture FILE"},
     {"QUIT", &SessionCommands::quit, "ends the program"},
     {"EXIT", &SessionCommands::quit, "ends the program"},
 };
@@ -24,7 +29,18 @@ SessionCommands::SessionCommands(host::HostSession& session, Workspace& workspac
   for (const Entry& entry : kEntries)
     m_session.addCommand(
         entry.name, [this, run = entry.run] { return (this->*run)(); }, false);
+  m_session.input().setPromptCommand([this](const OdString& line) {
+    constexpr OdChar kPicture[] = L"picture ";
+    OdString text = line;
+    text.trimLeft().trimRight();
+    const int length = OdString(kPicture).getLength();
+    if (text.left(length).iCompare(kPicture) != 0) return false;
+    drawPictureTo(text.mid(length).trimLeft());
+    return true;
+  });
 }
+
+SessionCommands::~SessionCommands() { m_session.input().setPromptCommand({}); }
 
 // --- questions ---
 
@@ -110,6 +126,31 @@ CMD_RUNSTATUS SessionCommands::saveAs() {
   const fs::path file = sys::toPath(path.str());
   if (file != m_workspace.file() && !mayReplace(file)) return kCmdCancelled;
   return saveTo(file);
+}
+
+CMD_RUNSTATUS SessionCommands::picture() {
+  OdString file;
+  if (!ask(L"Picture to draw (.svg, .png or .pdf)", file) || file.isEmpty()) return kCmdCancelled;
+  return drawPictureTo(file);
+}
+
+CMD_RUNSTATUS SessionCommands::drawPictureTo(const OdString& file) {
+  OdDbDatabase& database = *m_session.database();
+  picture::Request request;
+  request.file = file.toUtf8();
+  if (getActiveBTRId(&database) != database.getModelSpaceId())
+    request.layout = database.currentLayoutName().toUtf8();
+  request.highlighted = host::display().highlighted();
+  for (const host::PreviewedEntity& drawn : host::display().preview().entities())
+    request.preview.push_back(drawn.entity);
+  try {
+    for (const std::string& note : drawPicture(database, request))
+      m_session.input().report(OdString::fromUtf8(note + "."));
+    print("Picture drawn to " + request.file + ".");
+    return kCmdCompleted;
+  } catch (const OdError& error) {
+    return failed(error.code() == eInvalidInput ? kWrongUsage : kNotWritten, error);
+  }
 }
 
 CMD_RUNSTATUS SessionCommands::quit() {

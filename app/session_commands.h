@@ -6,10 +6,12 @@ namespace app {
 
 inline constexpr char kCommandPrompt[] = "Command: ";
 
-/// The program's own commands: open and save drawings, help, and quit.
+/// The program's own commands: open and save drawings, draw pictures, help, and quit. A picture can be had at
+/// every prompt that wants no text, by "picture FILE".
 class SessionCommands {
 public:
   SessionCommands(host::HostSession& session, Workspace& workspace);
+  ~SessionCommands();
   SessionCommands(const SessionCommands&) = delete;
   SessionCommands& operator=(const SessionCommands&) = delete;
 
@@ -34,6 +36,10 @@ private:
   CMD_RUNSTATUS save();
   CMD_RUNSTATUS saveAs();
 
+  CMD_RUNSTATUS picture();
+
+  /// Draws the current space with what is highlighted and previewed.
+  CMD_RUNSTATUS drawPictureTo(const OdString& file);
   /// Tells why a file could not be read or written.
   CMD_RUNSTATUS failed(ExitStatus status, const OdError& error);
   CMD_RUNSTATUS saveTo(const std::filesystem::path& file);

@@ -1,39 +1,13 @@
 // How the costs of walking along a curve grow: a curve of many pieces, divided into many parts as a command
 // would. The time per piece and part must stay the same from one size to the next; the last lines of each
 // benchmark show the fitted growth.
-#include "DbEllipse.h"
-#include "DbPolyline.h"
-#include "DbSpline.h"
+#include "sample_curves.h"
 #include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cmath>
 
 namespace {
 
 constexpr int kMostParts = 32767;
-
-OdDbCurvePtr polyline(int vertices) {
-  OdDbPolylinePtr made = OdDbPolyline::createObject();
-  for (int i = 0; i < vertices; ++i)
-    made->addVertexAt(made->numVerts(), OdGePoint2d(i, 5 * std::sin(i * 0.7)), i % 3 ? 0 : 0.4);
-  return made;
-}
-
-OdDbCurvePtr spline(int controls) {
-  OdGePoint3dArray points;
-  OdGeDoubleArray knots;
-  for (int i = 0; i < controls; ++i) points.append(OdGePoint3d(i, 5 * std::sin(i * 0.7), std::cos(i * 0.3)));
-  for (int i = 0; i < controls + 4; ++i) knots.append(std::clamp(i - 3, 0, controls - 3));
-  OdDbSplinePtr made = OdDbSpline::createObject();
-  made->setNurbsData(3, false, false, false, points, knots, {});
-  return made;
-}
-
-OdDbCurvePtr ellipse(int) {
-  OdDbEllipsePtr made = OdDbEllipse::createObject();
-  made->set({1, 2, 3}, OdGeVector3d::kZAxis, {10, 0, 0}, 0.2);
-  return made;
-}
 
 /// The points at equal distances and the directions there, as for dividing.
 void divide(const OdDbCurve& curve, int parts) {

@@ -14,6 +14,15 @@ namespace {
 
 constexpr std::size_t kDeepest = 100; // references within references
 
+Style emphasized(Style style) {
+  constexpr Color kHighlight{0, 102, 255};
+  constexpr double kThinnest = 0.25; // millimetres
+  constexpr double kTimes = 3;
+  style.color = kHighlight;
+  style.weight = std::max(style.weight, kThinnest) * kTimes;
+  return style;
+}
+
 /// Entities that show nothing by themselves.
 bool showsNothing(const std::string& kind) {
   return kind == "VIEWPORT" || kind == "SEQEND" || kind == "LIGHT";
@@ -32,6 +41,12 @@ bool Drawer::mayGoOn() {
 
 void Drawer::drawSpace(OdDbObjectId block, const View& view, const OdGeMatrix3d& toPicture) {
   drawBlock(block, {view, toPicture, m_styles.outermost()});
+}
+
+void Drawer::drawLoose(const std::vector<OdDbEntityPtr>& entities, const View& view,
+                       const OdGeMatrix3d& toPicture) {
+  for (const OdDbEntityPtr& entity : entities)
+    if (mayGoOn()) drawEntity(*entity, {view, toPicture, m_styles.outermost()});
 }
 
 std::unique_ptr<Brush> Drawer::brushFor(const OdDbEntity& entity, const View& view,
@@ -58,7 +73,17 @@ void Drawer::drawBlock(OdDbObjectId block, const Scope& scope) {
   m_openBlocks.pop_back();
 }
 
+Style Drawer::styleOf(const OdDbEntity& entity, const Layer& layer, const Scope& scope) {
+  const Style style = m_styles.resolve(entity, layer, scope.inherited);
+  return scope.isHighlighted ? emphasized(style) : style;
+}
+
 void Drawer::drawEntity(const OdDbEntity& entity, const Scope& scope) {
+  if (!scope.isHighlighted && m_highlighted.contains(entity.objectId())) {
+    Scope own = scope;
+    own.isHighlighted = true;
+    return drawEntity(entity, own);
+  }
   const std::string kind = entity.dxfName();
   if (showsNothing(kind) || entity.visibility() == OdDb::kInvisible) return;
   // Dimensions mark what they measure with points, which are no part of their picture.
@@ -91,11 +116,10 @@ bool Drawer::drawShown(const OdDbEntity& entity, const Layer& layer, const Scope
   }
   if (drawOwnBlock(entity, layer, scope)) return true;
   if (layer.isOff || (scope.view.isPlotted && !layer.isPlottable)) return true;
-  const Brush brush(m_sink, m_measure, scope.view, scope.toPicture,
-                    m_styles.resolve(entity, layer, scope.inherited));
+  const Brush brush(m_sink, m_measure, scope.view, scope.toPicture, styleOf(entity, layer, scope));
   if (const auto definition = OdDbAttributeDefinition::cast(&entity); !definition.isNull()) {
     const bool isValue = definition->isConstant() && showsAttribute(*definition);
-    if (m_openBlocks.size() == 1 || isValue) drawDefinition(*definition, brush);
+    if (m_openBlocks.size() <= 1 || isValue) drawDefinition(*definition, brush);
     return true;
   }
   if (const auto text = OdDbText::cast(&entity); !text.isNull()) {
@@ -108,13 +132,14 @@ bool Drawer::drawShown(const OdDbEntity& entity, const Layer& layer, const Scope
   }
   if (entity.dxfName() == "IMAGE") omit(entity, "IMAGE beyond its frame");
   if (entity.dxfName() == "SHAPE") omit(entity, "SHAPE beyond a cross");
-  return drawAnnotation(entity, layer, brush, scope) || drawShape(entity.dxfName(), entity, brush);
+  return drawAnnotation(entity, layer, brush, scope) ||
+         drawShape(entity.dxfName(), entity, m_database, brush);
 }
 
 bool Drawer::drawAnnotation(const OdDbEntity& entity, const Layer& layer, const Brush& brush,
                             const Scope& scope) {
   const DrawBlock drawInside = [&](OdDbObjectId block, const OdGeMatrix3d& placed) {
-    drawBlock(block, {scope.view, scope.toPicture * placed, {&layer, brush.style()}});
+    drawBlock(block, {scope.view, scope.toPicture * placed, {&layer, brush.style()}, scope.isHighlighted});
   };
   const std::string kind = entity.dxfName();
   if (kind == "LEADER")
@@ -135,7 +160,7 @@ void Drawer::drawReference(const OdDbBlockReference& reference, const Layer& lay
     return;
   }
   const OdGeMatrix3d toContainer = reference.blockTransform();
-  const Inherited inherited{&layer, m_styles.resolve(reference, layer, scope.inherited)};
+  const Inherited inherited{&layer, styleOf(reference, layer, scope)};
   const double turn = reference.rotation();
   const OdGeVector3d normal = reference.normal();
   const OdGeMatrix3d plane = normal.isZeroLength() ? OdGeMatrix3d() : OdGeMatrix3d::planeToWorld(normal);
@@ -147,8 +172,9 @@ void Drawer::drawReference(const OdDbBlockReference& reference, const Layer& lay
       const OdGeVector3d across =
           OdGeVector3d(-std::sin(turn), std::cos(turn), 0) * (row * reference.rowSpacing());
       const OdGeMatrix3d placed = scope.toPicture * OdGeMatrix3d::translation(plane * (along + across));
-      drawBlock(block, {scope.view, placed * toContainer, inherited});
-      drawAttributes(reference, {scope.view, placed, {scope.inherited.layer, inherited.style}});
+      drawBlock(block, {scope.view, placed * toContainer, inherited, scope.isHighlighted});
+      drawAttributes(reference,
+                     {scope.view, placed, {scope.inherited.layer, inherited.style}, scope.isHighlighted});
     }
   }
 }
@@ -160,8 +186,7 @@ void Drawer::drawAttributes(const OdDbBlockReference& reference, const Scope& sc
     if (attribute.isNull() || !showsAttribute(*attribute)) continue;
     const Layer& layer = m_styles.layerOf(*attribute, scope.inherited);
     if (isHidden(layer, scope.view) || layer.isOff || (scope.view.isPlotted && !layer.isPlottable)) continue;
-    const Brush brush(m_sink, m_measure, scope.view, scope.toPicture,
-                      m_styles.resolve(*attribute, layer, scope.inherited));
+    const Brush brush(m_sink, m_measure, scope.view, scope.toPicture, styleOf(*attribute, layer, scope));
     drawAttribute(*attribute, brush);
   }
 }
@@ -186,8 +211,8 @@ bool Drawer::drawOwnBlock(const OdDbEntity& entity, const Layer& layer, const Sc
     placed = placed * OdGeMatrix3d::translation(fields.point(kPosition).asVector()) *
              OdGeMatrix3d::rotation(std::atan2(direction.y, direction.x), OdGeVector3d::kZAxis);
   }
-  const Inherited inherited{&layer, m_styles.resolve(entity, layer, scope.inherited)};
-  drawBlock(block, {scope.view, placed, inherited, isDimension});
+  const Inherited inherited{&layer, styleOf(entity, layer, scope)};
+  drawBlock(block, {scope.view, placed, inherited, scope.isHighlighted, isDimension});
   return true;
 }
 

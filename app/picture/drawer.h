@@ -25,6 +25,12 @@ public:
   /// Draws model space or the contents of a sheet; the window's view must live until the call returns.
   /// Viewports are passed over.
   void drawSpace(OdDbObjectId block, const View& view, const OdGeMatrix3d& toPicture);
+  /// Draws entities as if they stood in the space, whether they are in a drawing or not.
+  void drawLoose(const std::vector<OdDbEntityPtr>& entities, const View& view, const OdGeMatrix3d& toPicture);
+  /// Has these objects stand out from now on.
+  void highlight(const std::vector<OdDbObjectId>& objects) {
+    m_highlighted.insert(objects.begin(), objects.end());
+  }
   /// A brush for an entity of a space; null when the entity's layer or its own state hides it.
   std::unique_ptr<Brush> brushFor(const OdDbEntity& entity, const View& view, const OdGeMatrix3d& toPicture);
 
@@ -39,6 +45,7 @@ private:
     const View& view;
     OdGeMatrix3d toPicture;
     Inherited inherited;
+    bool isHighlighted = false;
     bool isDimension = false; ///< the block is the picture of a dimension
   };
   void drawBlock(OdDbObjectId block, const Scope& scope);
@@ -49,6 +56,7 @@ private:
   void drawReference(const OdDbBlockReference& reference, const Layer& layer, const Scope& scope);
   void drawAttributes(const OdDbBlockReference& reference, const Scope& scope);
   bool drawOwnBlock(const OdDbEntity& entity, const Layer& layer, const Scope& scope);
+  Style styleOf(const OdDbEntity& entity, const Layer& layer, const Scope& scope);
   bool mayGoOn();
   bool showsAttribute(const OdDbAttributeText& attribute) const;
   void omit(const OdDbEntity& entity, const std::string& kind);
@@ -59,6 +67,7 @@ private:
   const MeasureText& m_measure;
   Styles m_styles;
   std::vector<OdDbObjectId> m_openBlocks; ///< the walk is inside of these
+  std::unordered_set<OdDbObjectId> m_highlighted;
   Omissions m_omissions;
   std::unordered_set<OdDbObjectId> m_omitted; ///< each counts once, wherever it would be seen
   const int m_attributeMode;
@@ -68,8 +77,9 @@ private:
 
 // --- the kinds of entities; the brush is for the coordinates that contain the entity ---
 
-/// Draws an entity from its groups, if it has a shape that is known. False when it has not.
-bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& brush);
+/// Draws an entity from its groups, if it has a shape that is known. False when it has not. It need not
+/// belong to the drawing that it is drawn with.
+bool drawShape(const std::string& kind, const OdDbEntity& entity, OdDbDatabase& database, const Brush& brush);
 /// An entity of several records: an old polyline with its vertices.
 void drawOldPolyline(const OdDbEntity& entity, const Brush& brush);
 void drawLwPolyline(const Fields& polyline, const Brush& brush);

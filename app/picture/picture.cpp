@@ -90,13 +90,15 @@ private:
   }
 };
 
-void drawSpace(OdDbDatabase& database, const Space& space, Sink& sink, const MeasureText& measure,
-               const View& view, Omissions* omissions) {
+void drawSpace(OdDbDatabase& database, const Space& space, const Request& request, Sink& sink,
+               const MeasureText& measure, const View& view, Omissions* omissions) {
   Drawer drawer(database, sink, measure);
+  drawer.highlight(request.highlighted);
   if (space.isModel)
     drawer.drawSpace(space.block, view, OdGeMatrix3d());
   else
     drawSheet(drawer, sink, space.block, view);
+  drawer.drawLoose(request.preview, view, OdGeMatrix3d());
   if (omissions) *omissions = drawer.omissions();
 }
 
@@ -240,7 +242,7 @@ std::vector<std::string> write(OdDbDatabase& database, const Request& request) {
   View view;
   view.isPlotted = !space.isModel;
   ExtentsSink extents;
-  drawSpace(database, space, extents, measure, view, nullptr);
+  drawSpace(database, space, request, extents, measure, view, nullptr);
   if (extents.box.isEmpty()) refuseEmpty(database, space);
 
   const Page page = pageFor(space, extents.box, request);
@@ -250,7 +252,7 @@ std::vector<std::string> write(OdDbDatabase& database, const Request& request) {
   Encoder encoder(format, page);
   {
     CairoSink sink(encoder.surface(), encoder.placement(), fonts);
-    drawSpace(database, space, sink, measure, view, &omissions);
+    drawSpace(database, space, request, sink, measure, view, &omissions);
     if (sink.error()) throw OdError(eOutOfMemory, OdString::fromUtf8(sink.error()));
   }
   store(request.file, encoder.finish());

@@ -1,6 +1,8 @@
 #pragma once
 // What somebody asks of a picture.
+#include "DbEntity.h"
 #include <string>
+#include <vector>
 
 namespace picture {
 
@@ -9,6 +11,8 @@ struct Request {
   std::string layout; ///< its name in UTF-8; empty or "Model": model space
   int width = 0;      ///< pixels, of which there are 96 on an inch; 0: as wide and high as suits the contents
   int height = 0;
+  std::vector<OdDbObjectId> highlighted; ///< objects to be shown so, in a colour of their own and thicker
+  std::vector<OdDbEntityPtr> preview;    ///< shown over the space; they need not be in a drawing
 };
 
 enum class Format { unknown, svg, png, pdf };

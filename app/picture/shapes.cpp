@@ -124,9 +124,9 @@ Points outlineOf(const OdDbEntity& entity) {
 
 void drawImage(const OdDbEntity& entity, const Brush& brush) { brush.strokeContinuous(outlineOf(entity)); }
 
-void drawWipeout(const OdDbEntity& entity, const Brush& brush) {
+void drawWipeout(const OdDbEntity& entity, OdDbDatabase& database, const Brush& brush) {
   Points outline = outlineOf(entity);
-  const auto settings = OdDbWipeoutVariables::openWipeoutVariables(entity.database());
+  const auto settings = OdDbWipeoutVariables::openWipeoutVariables(&database);
   const bool hasFrame =
       !settings.isNull() && (brush.view().isPlotted ? settings->plotsFrame() : settings->showFrame());
   const Points edge = outline;
@@ -164,16 +164,15 @@ void drawMesh(const Fields& mesh, const Brush& brush) {
 }
 
 /// Colours of the lines of a style of parallel lines; none: the entity's.
-std::vector<std::optional<Color>> elementColors(const OdDbEntity& mline) {
+std::vector<std::optional<Color>> elementColors(const OdDbEntity& mline, const OdDbDatabase& database) {
   constexpr int kStyle = 340;
   constexpr int kOffset = 49; // begins an element
   constexpr int kColor = 62;
   std::vector<std::optional<Color>> colors;
   const Fields fields(mline);
   const OdDbGroup* reference = fields.find(kStyle, fields.begin());
-  const OdDbObjectPtr style = reference == fields.end()
-                                  ? OdDbObjectPtr()
-                                  : mline.database()->getOdDbObjectId(reference->handle).openObject();
+  const OdDbObjectPtr style =
+      reference == fields.end() ? OdDbObjectPtr() : database.getOdDbObjectId(reference->handle).openObject();
   if (style.isNull()) return colors;
   for (const OdDbGroup& group : Fields(*style)) {
     if (group.code == kOffset) colors.emplace_back();
@@ -183,7 +182,7 @@ std::vector<std::optional<Color>> elementColors(const OdDbEntity& mline) {
   return colors;
 }
 
-void drawMline(const OdDbEntity& entity, const Brush& brush) {
+void drawMline(const OdDbEntity& entity, OdDbDatabase& database, const Brush& brush) {
   constexpr int kClosed = 2;
   const Fields mline(entity);
   std::vector<Points> lines;
@@ -205,7 +204,7 @@ void drawMline(const OdDbEntity& entity, const Brush& brush) {
       lines[element++].push_back(vertex + miter * group->real);
     }
   }
-  const std::vector<std::optional<Color>> colors = elementColors(entity);
+  const std::vector<std::optional<Color>> colors = elementColors(entity, database);
   for (std::size_t i = 0; i < lines.size(); ++i) {
     const Color color = i < colors.size() ? colors[i].value_or(brush.style().color) : brush.style().color;
     brush.withColor(color).stroke(lines[i], (mline.integer(71) & kClosed) != 0);
@@ -219,12 +218,12 @@ struct Kind {
 };
 
 /// A dot, or the sign that the drawing has for points.
-void drawPoint(const OdDbEntity& entity, const Brush& brush) {
+void drawPoint(const OdDbEntity& entity, OdDbDatabase& database, const Brush& brush) {
   constexpr int kCircle = 32;
   constexpr int kSquare = 64;
   const OdDbPointPtr point = OdDbPoint::cast(&entity);
-  const int mode = entity.database()->getPDMODE();
-  double size = entity.database()->getPDSIZE();
+  const int mode = database.getPDMODE();
+  double size = database.getPDSIZE();
   constexpr double kUsual = 5; // per cent of the picture's height
   if (size <= 0)
     size = brush.view().frame.isEmpty()
@@ -267,7 +266,8 @@ void drawPoint(const OdDbEntity& entity, const Brush& brush) {
 
 } // namespace
 
-bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& brush) {
+bool drawShape(const std::string& kind, const OdDbEntity& entity, OdDbDatabase& database,
+               const Brush& brush) {
   static constexpr Kind kKinds[] = {
       {"LINE", drawLine},       {"3DLINE", drawLine}, // lines in space were a kind of their own before R11
       {"CIRCLE", drawCircle},   {"ARC", drawArc},      {"ELLIPSE", drawEllipse},
@@ -277,11 +277,12 @@ bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& b
       {"MESH", drawMesh},       {"HATCH", drawHatch},
   };
   using DrawEntity = void (*)(const OdDbEntity&, const Brush&);
-  static constexpr std::pair<const char*, DrawEntity> kWhole[] = {{"POINT", drawPoint},
-                                                                  {"POLYLINE", drawOldPolyline},
-                                                                  {"IMAGE", drawImage},
-                                                                  {"WIPEOUT", drawWipeout},
-                                                                  {"MLINE", drawMline}};
+  static constexpr std::pair<const char*, DrawEntity> kWhole[] = {{"POLYLINE", drawOldPolyline},
+                                                                  {"IMAGE", drawImage}};
+  // Settings or styles of the drawing have a say in the look of these.
+  using DrawInDrawing = void (*)(const OdDbEntity&, OdDbDatabase&, const Brush&);
+  static constexpr std::pair<const char*, DrawInDrawing> kOfDrawing[] = {
+      {"POINT", drawPoint}, {"WIPEOUT", drawWipeout}, {"MLINE", drawMline}};
   for (const Kind& known : kKinds) {
     if (kind != known.name) continue;
     known.draw(Fields(entity), brush);
@@ -290,6 +291,11 @@ bool drawShape(const std::string& kind, const OdDbEntity& entity, const Brush& b
   for (const auto& [name, draw] : kWhole) {
     if (kind != name) continue;
     draw(entity, brush);
+    return true;
+  }
+  for (const auto& [name, draw] : kOfDrawing) {
+    if (kind != name) continue;
+    draw(entity, database, brush);
     return true;
   }
   return false;

@@ -60,7 +60,8 @@ public:
     if (entity.isNull()) return;
     OutlineSink sink;
     const MeasureText measure = [](const std::string&, const Font&) { return 0.0; };
-    drawShape(entity->dxfName(), *entity, Brush(sink, measure, view, OdGeMatrix3d(), Style()));
+    drawShape(entity->dxfName(), *entity, *viewport.database(),
+              Brush(sink, measure, view, OdGeMatrix3d(), Style()));
     if (sink.outline.size() < 3) return;
     m_outline = sink.outline;
     m_isOwnShape = true;

@@ -46,8 +46,9 @@ OdDbObjectIdArray collectReferences(const OdDbObjectIdArray& objects) {
   };
   std::vector<Insert> inserts;
   for (const OdDbObjectId id : objects) {
-    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.openObject());
-    if (reference.isNull()) continue;
+    // Most objects of a drawing are something else and need not be opened to be told apart.
+    if (id.isErased() || !id.objectClass()->isDerivedFrom(OdDbBlockReference::desc())) continue;
+    const OdDbBlockReferencePtr reference = OdDbBlockReference::cast(id.safeOpenObject());
     const OdDbObjectId definition = reference->blockTableRecord();
     if (!definition.isErased()) inserts.push_back({definition, id});
   }

@@ -12,6 +12,8 @@ inline constexpr int kPreviewMode = 1;
 inline constexpr int kPreviewInputMode = 2;
 /// How points are asked for.
 inline constexpr int kPointFlags = 4;
+/// How a single object is asked for.
+inline constexpr int kOneObjectFlags = 8192;
 
 /// Draws the entity of a preview in the way of the host's own commands.
 inline void drawPreview(HostEdDrawing& drawing, OdDbEntity* entity) {

@@ -1,5 +1,6 @@
 #include "ray_command.h"
 #include "DbDatabase.h"
+#include "direction.h"
 #include "frame/input.h"
 #include "preview.h"
 #include "ray_tracker.h"
@@ -25,8 +26,9 @@ int drawRay(frame::Session& session, OdDbObjectId space, const OdGePoint3d& star
   session.input().Preview(kPreviewMode, ray);
   OdGePoint3d through;
   const int code = askPoint(session.input(), IDS_SPECIFY_THROUGH_POINT, &start, &tracker, through);
-  if (code == kHostEdValue && !through.isEqualTo(start)) {
-    ray->setUnitDir(through - start);
+  if (code != kHostEdValue) return code;
+  if (const std::optional<OdGeVector3d> way = construct::wayTo(start, through)) {
+    ray->setUnitDir(*way);
     construct::append(space, ray);
   }
   return code;

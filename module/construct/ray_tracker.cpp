@@ -1,10 +1,11 @@
 #include "ray_tracker.h"
+#include "direction.h"
 #include "preview.h"
 
 bool RayTracker::Filter(const HostEdInputMessage& message, const OdGePoint3d& cursor) {
   if (message.kind != kHostEdMouseMove) return false;
-  const OdGePoint3d base = m_ray->basePoint();
-  if (!cursor.isEqualTo(base)) m_ray->setUnitDir(cursor - base);
+  if (const std::optional<OdGeVector3d> way = construct::wayTo(m_ray->basePoint(), cursor))
+    m_ray->setUnitDir(*way);
   return true;
 }
 

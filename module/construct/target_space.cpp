@@ -9,8 +9,11 @@ namespace construct {
 OdDbObjectId targetSpace(const OdDbDatabase& database) {
   const OdDbObjectId space = database.getActiveLayoutBTRId();
   if (space != database.getPaperSpaceId()) return space;
+  // A layout that was never shown has no viewports, not even the one of its sheet.
+  const OdDbObjectId active = database.activeViewportId();
+  if (active.isNull()) return space;
   // Number 1 is the sheet of the layout, higher ones are windows to model space.
-  const OdSmartPtr<OdDbViewport> viewport = database.activeViewportId().safeOpenObject();
+  const OdSmartPtr<OdDbViewport> viewport = active.safeOpenObject();
   return viewport->number() > 1 ? database.getModelSpaceId() : space;
 }
 

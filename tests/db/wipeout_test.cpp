@@ -87,20 +87,24 @@ TEST(Wipeout, OptionsTransformsAndExtents) {
 }
 
 TEST(Wipeout, VariablesAreMadeWhenAskedFor) {
-  SmallDrawing drawing;
-  EXPECT_TRUE(OdDbWipeoutVariables::openWipeoutVariables(drawing.db).isNull());
-  drawing.db->startUndoRecord();
-  {
-    const auto made = OdDbWipeoutVariables::openWipeoutVariables(drawing.db, OdDb::kForWrite, true);
-    EXPECT_TRUE(made->showFrame() && made->plotsFrame());
-    made->setShowFrame(false);
+  for (const bool hasDictionaries : {true, false}) {
+    SmallDrawing drawing;
+    if (!hasDictionaries) drawing.root()->erase(); // as in old releases
+    EXPECT_TRUE(OdDbWipeoutVariables::openWipeoutVariables(drawing.db).isNull());
+    drawing.db->startUndoRecord();
+    {
+      const auto made = OdDbWipeoutVariables::openWipeoutVariables(drawing.db, OdDb::kForWrite, true);
+      EXPECT_TRUE(made->showFrame() && made->plotsFrame());
+      made->setShowFrame(false);
+    }
+    const auto again = OdDbWipeoutVariables::openWipeoutVariables(drawing.db);
+    EXPECT_FALSE(again->showFrame());
+    EXPECT_THROW(again->setShowFrame(true), OdError);
+    EXPECT_EQ(again->ownerId(), drawing.db->getNamedObjectsDictionaryId());
+    EXPECT_TRUE(drawing.db->undo());
+    EXPECT_TRUE(OdDbWipeoutVariables::openWipeoutVariables(drawing.db).isNull());
+    EXPECT_NE(drawing.db->getNamedObjectsDictionaryId().isNull(), hasDictionaries);
   }
-  const auto again = OdDbWipeoutVariables::openWipeoutVariables(drawing.db);
-  EXPECT_FALSE(again->showFrame());
-  EXPECT_THROW(again->setShowFrame(true), OdError);
-  EXPECT_EQ(again->ownerId(), drawing.db->getNamedObjectsDictionaryId());
-  EXPECT_TRUE(drawing.db->undo());
-  EXPECT_TRUE(OdDbWipeoutVariables::openWipeoutVariables(drawing.db).isNull());
 }
 
 std::string savedLines(OdDbDatabase& database) {

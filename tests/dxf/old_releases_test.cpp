@@ -238,6 +238,13 @@ TEST(OldReleaseTest, ObjectsOfLaterReleasesKeepTheirForm) {
   EXPECT_THAT(test::savedBytes(*database), testing::EndsWith(objects));
 }
 
+TEST(OldReleaseTest, MarkersStayWhereAGroupWouldBecomeTheOwnerWithoutThem) {
+  const OdDbDatabasePtr database = drawingFromText(
+      dxf("0 SECTION|2 ENTITIES|0 ARC|5 49|8 0|10 0.0|20 0.0|40 1.0|100 AcDbLayout|330 1B|0 ENDSEC|0 EOF"));
+  first<OdDbObject>(*database, "ARC")->mutableGroups();
+  EXPECT_EQ(describe(*drawingFromText(savedBytes(*database))), describe(*database));
+}
+
 TEST(OldReleaseTest, WhatAReleaseCannotStoreIsRefusedByName) {
   struct Case {
     std::string text;

@@ -1,5 +1,4 @@
 // Prompts and answers, in a drawing whose coordinate system is that of the world.
-#include "HostEdInputTracker.h"
 #include "lines.h"
 #include <gmock/gmock.h>
 
@@ -100,7 +99,15 @@ TEST_F(EditorTest, PromptsShowTheirKeywords) {
   } cases[] = {
       {L"Erase polyline? [%s] <No>", L"Yes No", "Erase polyline? [Yes/No] <No>: "},
       {L"Specify start point", L"Hor Ver", "Specify start point [Hor/Ver]: "},
-      {L"Specify offset distance [5.0] ", L"Through", "Specify offset distance [5.0]: "},
+      {L"Specify start point [%s] <Polyline>", L"Frames Polyline",
+       "Specify start point [Frames/Polyline] <Polyline>: "},
+      {L"Specify start point", L"Hor Ver Ang Bisect Offset",
+       "Specify start point [Hor/Ver/Ang/Bisect/Offset]: "},
+      {L"Enter number of segments", L"Block", "Enter number of segments [Block]: "},
+      {L"Specify next point", L"Undo _ Undo", "Specify next point [Undo]: "},
+      {L"Specify offset distance [Through] ", L"Through", "Specify offset distance [Through]: "},
+      {L"Specify offset distance [5.0] ", L"Through", "Specify offset distance [5.0] [Through]: "},
+      {L"Enter mode <ON>: ", L"ON OFF", "Enter mode [ON/OFF] <ON>: "},
       {L"\nSelect a block:", nullptr, "Select a block: "},
       {L"Undo?",
        L"Undo _ Zur\x00fc"
@@ -149,6 +156,25 @@ TEST_F(EditorTest, DistancesAreNumbersOrMeasured) {
       << "Esc at the second point cancels the whole";
 }
 
+TEST_F(EditorTest, DistancesTakeKeywordsAndKeepTheirDefault) {
+  const struct {
+    const char* line;
+    int code;
+    double distance;
+  } cases[] = {{"t", 2, 3}, {"Through", 2, 3}, {"_thr", 2, 3}, {"", 1, 3}, {"0", -1, 0}, {"12,5", -1, 12.5}};
+  constexpr int kFlags = 12; // no negative numbers, and one of the module's own
+  for (const auto& test : cases) {
+    lines.type({"-1", test.line});
+    double distance = 3;
+    EXPECT_EQ(editor.GetDistance(nullptr, distance, L"Specify offset distance [3] ", L"Through", kFlags,
+                                 nullptr, nullptr),
+              test.code)
+        << test.line;
+    EXPECT_EQ(distance, test.distance) << test.line;
+  }
+  EXPECT_EQ(lines.printed.front(), "\"-1\" is not a distance of at least 0, nor one of Through.");
+}
+
 TEST_F(EditorTest, AnglesAreMeasuredInTheCurrentCoordinateSystem) {
   session.database()->setUCS({5, 0, 0}, {0, 1, 0}, {-1, 0, 0});
   const OdGePoint3d base(0, 0, 0);
@@ -167,25 +193,6 @@ TEST_F(EditorTest, TheLastPointLeadsRelativePoints) {
   EXPECT_EQ(point, OdGePoint3d(2, 3, 0));
   editor.LastPoint(last);
   EXPECT_EQ(last, point);
-}
-
-TEST_F(EditorTest, TrackersFollowTheCursorUntilTheAnswer) {
-  class Tracker final : public HostEdPointTracker {
-  public:
-    bool Filter(const HostEdInputMessage& message, const OdGePoint3d& cursor) override {
-      EXPECT_EQ(message.kind, 512u);
-      EXPECT_EQ(*message.payload, cursor);
-      moves.push_back(cursor.x);
-      return true;
-    }
-    std::vector<double> moves;
-  } tracker;
-  lines.type({"move 3,4", "MOVE @5,0", "move", "7,7"});
-  OdGePoint3d point;
-  EXPECT_EQ(editor.GetPoint(nullptr, point, L"Specify point", nullptr, 4, nullptr, &tracker), -1);
-  EXPECT_THAT(tracker.moves, ElementsAre(3, 5)) << "moves leave the last point alone";
-  EXPECT_EQ(point.x, 7);
-  EXPECT_EQ(lines.printed.size(), 1u);
 }
 
 TEST_F(EditorTest, PrintsFormattedMessages) {

@@ -49,6 +49,9 @@ TEST(PointParser, RefusesEverythingElse) {
        {L"",   L"1",    L"1,",  L",2",    L"1,2,3,4", L"1;2",   L"a,b",   L"@@1,2", L"1,2*",    L"5<",
         L"<5", L"5<<5", L"5<x", L"1,nan", L"inf,1",   L"1 2,3", L"1,2<3", L"1,1/0", L"1e999,1", L"\x4e00,1"})
     EXPECT_FALSE(host::parsePoint(text, turnedFrame())) << OdString(text).toUtf8();
+  host::PointFrame farAway;
+  farAway.lastPoint = {1.7e308, 0, 0};
+  EXPECT_FALSE(host::parsePoint(L"@1.7e308,0", farAway));
 }
 
 TEST(AngleParser, CountsFromTheBaseAngleInItsDirection) {

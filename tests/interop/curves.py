@@ -91,19 +91,19 @@ POLYGONS: Dict[str, Callable] = {
 }
 
 
-def measure(points: List[Vec3]):
-    """The length of a polygon and the points at its tenths."""
+def measure(points: List[Vec3], parts: int = 10):
+    """The length of a polygon and the points where it is divided into equal parts, its ends among them."""
     ends = [0.0]
     for before, behind in zip(points, points[1:]):
         ends.append(ends[-1] + before.distance(behind))
-    tenths, at = [], 0
-    for i in range(11):
-        wanted = ends[-1] * i / 10
+    places, at = [], 0
+    for i in range(parts + 1):
+        wanted = ends[-1] * i / parts
         while at + 2 < len(ends) and ends[at + 1] < wanted:
             at += 1
         step = ends[at + 1] - ends[at]
-        tenths.append(points[at].lerp(points[at + 1], (wanted - ends[at]) / step if step else 0))
-    return ends[-1], tenths
+        places.append(points[at].lerp(points[at + 1], (wanted - ends[at]) / step if step else 0))
+    return ends[-1], places
 
 
 def check_curves(doc, printed: str) -> List[str]:

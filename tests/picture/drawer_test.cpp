@@ -1,3 +1,5 @@
+#include "DbAttributeDefinition.h"
+#include "DbPoint.h"
 #include "recording_sink.h"
 #include <gmock/gmock.h>
 
@@ -105,6 +107,30 @@ TEST(Drawer, ReferencesPlaceTheirBlocks) {
   const std::string nested = shape + block("OUTER", "0 INSERT\n8 0\n2 B\n10 1\n20 0\n41 2\n42 2");
   EXPECT_THAT(Drawn(drawing("0 INSERT\n8 0\n2 OUTER\n10 10\n20 0\n50 90", nested)).parts,
               ElementsAre("line 10,1 8,3"));
+}
+
+TEST(Drawer, HighlightedObjectsStandOutAndPreviewsAreDrawnOver) {
+  const std::string shape = block("B", "0 LINE\n8 RED\n10 0\n20 0\n11 1\n21 1\n");
+  const OdDbDatabasePtr database = test::drawingFromText(
+      drawing("0 LINE\n8 0\n5 A1\n10 1\n20 2\n11 3\n21 4\n0 INSERT\n8 0\n5 A2\n2 B\n10 0\n20 0\n" + kUnitLine,
+              shape));
+  const auto ofHandle = [&](const wchar_t* handle) { return database->getOdDbObjectId(OdDbHandle(handle)); };
+  test::RecordingSink sink;
+  picture::View view;
+  view.pixel = 0.01;
+  view.frame = {{-100, -100}, {100, 100}};
+  const picture::MeasureText measure = [](const std::string&, const picture::Font&) { return 1.0; };
+  picture::Drawer drawer(*database, sink, measure);
+  drawer.highlight({ofHandle(L"A1"), ofHandle(L"A2")});
+  drawer.drawSpace(database->getModelSpaceId(), view, OdGeMatrix3d());
+  const OdDbEntityPtr copy = ofHandle(L"A2").openObject()->clone();
+  OdDbAttributeDefinitionPtr definition = OdDbAttributeDefinition::createObject();
+  definition->setTag(L"NUMBER");
+  drawer.drawLoose({copy, OdDbPoint::createObject(), definition}, view, OdGeMatrix3d());
+  EXPECT_THAT(sink.parts, ElementsAre("line(0 102 255) 1,2 3,4", "line(0 102 255) 0,0 1,1", "line 0,0 1,0",
+                                      "line(255 0 0) 0,0 1,1", "line 0,0", "text 0,0 NUMBER"));
+  EXPECT_GE(sink.pens.at(0).weight, 3 * sink.pens.at(2).weight);
+  EXPECT_THAT(drawer.omissions().kinds, IsEmpty());
 }
 
 TEST(Drawer, BlocksThatContainThemselvesEnd) {

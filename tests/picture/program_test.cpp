@@ -108,4 +108,21 @@ TEST_F(PictureFile, ShowsWhatCommandsHaveChanged) {
   EXPECT_TRUE(has("copy.dxf"));
 }
 
+TEST_F(PictureFile, IsDrawnAtPromptsWithThePreview) {
+  write("ray.scr", "Ray\n0,0\npicture before.svg\nmove 3,4\npicture with.svg\npicture no.gif\n^C\n"
+                   "picture after.svg\nPICTURE\ncommand.png\n");
+  EXPECT_EQ(draw("--script ray.scr --command 'Ray' --command 0,0 --command 0,1 --command ''"), 2)
+      << complaint;
+  const auto lines = [this](const std::string& name) {
+    const std::string svg = read(name);
+    std::size_t count = 0;
+    for (std::size_t at = svg.find("<path"); at != std::string::npos; at = svg.find("<path", at + 1)) ++count;
+    return count;
+  };
+  EXPECT_EQ(lines("before.svg"), 1u);
+  EXPECT_EQ(lines("with.svg"), 2u) << "the drawing and the preview";
+  EXPECT_EQ(lines("after.svg"), 1u);
+  EXPECT_TRUE(has("command.png"));
+}
+
 } // namespace

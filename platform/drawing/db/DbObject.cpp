@@ -198,9 +198,10 @@ void OdDbObject::swapIdWith(OdDbObjectId otherId, bool swapXData, bool swapExtDi
     ++object->m_revision;
     object->groupsReplaced();
   }
-  if (m_stub->type != other->m_stub->type)
-    for (OdDbStub* stub : {m_stub, other->m_stub}) stub->flags |= OdDbStub::kMade;
-  std::swap(m_stub->type, other->m_stub->type);
+  if (m_stub->type != other->m_stub->type) {
+    std::swap(m_stub->type, other->m_stub->type);
+    for (OdDbStub* stub : {m_stub, other->m_stub}) stub->setMade();
+  }
   m_stub->store->refreshRecordName(m_stub);
   m_stub->store->refreshRecordName(other->m_stub);
 }
@@ -220,7 +221,7 @@ void OdDbObject::handOverTo(OdDbObject* heir, bool keepXData, bool keepExtDict) 
   takeAttached(*own, keepExtDict, keepXData, attached);
   putAttached(*heir->m_groups, attached);
   stub->type = stub->store->typeIndex(heir->isA()->dxfName(), (stub->flags & OdDbStub::kEntity) != 0);
-  stub->flags |= OdDbStub::kMade;
+  stub->setMade();
   stub->setGroups(heir->m_groups);
   stub->store->attach(stub, heir);
   heir->m_writable = true;

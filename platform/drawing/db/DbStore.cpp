@@ -151,7 +151,7 @@ OdDbStub* OdDbStore::makeNewStub(const OdRxClass* cls, std::string_view dxfName,
   const bool entity = cls->isDerivedFrom(entityClass);
   OdDbStub* stub = makeStub(typeIndex(dxfName, entity), handle, owner);
   if (!stub) throw OdError(eHandleExists);
-  stub->flags |= OdDbStub::kMade;
+  stub->setMade();
   if (entity) stub->flags |= OdDbStub::kEntity;
   if (!hasHandles) return stub; // there is no seed either
   OdDbGroupListPtr seed(new OdDbGroupList);

@@ -25,6 +25,7 @@ struct OdDbType {
   std::string dxfName;
   const OdRxClass* cls;
   bool isShared = false; ///< several classes have the name; the contents of a record tell which
+  bool wasMade = false;  ///< some object of it was made since reading; it may have been erased again
 };
 
 /// A section of the file in its place. `raw` is everything between the section's name and its ENDSEC, for

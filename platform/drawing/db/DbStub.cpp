@@ -26,6 +26,11 @@ bool OdDbStub::isErased() const {
 
 const std::string& OdDbStub::dxfName() const { return store->types[type].dxfName; }
 
+void OdDbStub::setMade() {
+  flags |= kMade;
+  store->types[type].wasMade = true;
+}
+
 OdDbStubList* OdDbStub::list() const {
   if (flags & kInObjects) return &store->objects;
   return owner ? store->childrenOf(owner) : nullptr;

@@ -61,6 +61,8 @@ public:
   bool isChanged() const { return groups != nullptr; }
   /// The name of the record in files ("INSERT").
   const std::string& dxfName() const;
+  /// Notes that the object was made, or made another kind of object, as what its type says.
+  void setMade();
   OdDbStubList* list() const;
   /// The groups: the changed ones, or those parsed from the file slice.
   OdDbGroupListPtr content() const;

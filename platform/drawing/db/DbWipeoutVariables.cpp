@@ -20,6 +20,9 @@ OdDbSchema OdDbWipeoutVariables::schema() const {
 OdDbWipeoutVariablesPtr OdDbWipeoutVariables::openWipeoutVariables(OdDbDatabase* database,
                                                                    OdDb::OpenMode mode,
                                                                    bool createIfNotFound) {
+  // Drawings of old releases have no dictionaries.
+  if (createIfNotFound && database->getNamedObjectsDictionaryId().isNull())
+    database->addOdDbObject(OdDbDictionary::createObject(), OdDbObjectId());
   const auto names = OdDbDictionary::cast(database->getNamedObjectsDictionaryId().openObject());
   if (names.isNull()) return {};
   if (OdDbWipeoutVariablesPtr known = cast(names->getAt(kEntry, mode)); !known.isNull()) return known;

@@ -1,6 +1,7 @@
 #include "ClassRecords.h"
 #include "DbStoreWalk.h"
 #include "DxfForm.h"
+#include <algorithm>
 #include <set>
 
 namespace {
@@ -14,8 +15,17 @@ constexpr DxfClassRecord kRecords[] = {
     {"WIPEOUTVARIABLES", "AcDbWipeoutVariables", "WipeOut", 0, false},
 };
 
+bool needsClass(const OdDbType& type) {
+  return std::ranges::any_of(kRecords,
+                             [&](const DxfClassRecord& known) { return type.dxfName == known.record; });
+}
+
+/// The kinds that need a class and of which objects were made that still exist.
 std::set<std::string_view> kindsMade(const OdDbStore& store) {
   std::set<std::string_view> kinds;
+  // The walk is spared where it can find nothing, for most drawings that is.
+  if (std::ranges::none_of(store.types, [](const OdDbType& t) { return t.wasMade && needsClass(t); }))
+    return kinds;
   odDbVisitAll(store, [&kinds](const OdDbStub* stub) {
     if ((stub->flags & OdDbStub::kMade) && !stub->isErased()) kinds.insert(stub->dxfName());
   });

@@ -8,6 +8,7 @@ namespace {
 constexpr int kMarkerCode = 100;
 constexpr int kBraceCode = 102;
 constexpr int kNameCode = 3;
+constexpr int kOwnerCode = 330;
 constexpr int kFirstXDataCode = 1001;
 
 /// The kinds of records, and the release that brought them. Kinds that are not listed came later.
@@ -111,13 +112,22 @@ const char* releaseName(OdDb::DwgVersion version) {
 class Form {
 public:
   Form(const OdDbStub& stub, const OdDbGroupList& groups)
-      : m_stub(stub), m_groups(groups), m_rules(rulesOf(*stub.store)) {}
+      : m_stub(stub), m_groups(groups), m_rules(rulesOf(*stub.store)),
+        m_hasMarkers(m_rules >= OdDb::vAC12 || needsMarkers(groups)) {}
 
   /// What the release cannot store; empty: nothing.
   std::string novelty() const;
   OdDbGroupListPtr stored() const;
 
 private:
+  /// Whether a group would be taken for the owner if no marker stood before it. Only damaged files have such
+  /// groups in records of these releases.
+  static bool needsMarkers(const OdDbGroupList& groups) {
+    const auto first = std::ranges::find(groups.items, kMarkerCode, &OdDbGroup::code);
+    return std::find_if(first, groups.items.end(), [](const OdDbGroup& group) {
+             return group.code == kOwnerCode;
+           }) != groups.items.end();
+  }
   bool isEntity() const { return (m_stub.flags & OdDbStub::kEntity) != 0; }
   /// The rule that keeps the group out of the release, or null. `section` is the marker before the group.
   const LateGroup* late(const OdDbGroup& group, std::string_view section) const;
@@ -128,6 +138,7 @@ private:
   const OdDbStub& m_stub;
   const OdDbGroupList& m_groups;
   OdDb::DwgVersion m_rules;
+  bool m_hasMarkers;
 };
 
 const LateGroup* Form::late(const OdDbGroup& group, std::string_view section) const {
@@ -176,7 +187,7 @@ bool Form::isStored(const OdDbGroup& group, std::string_view section) const {
     const OdDbStore& store = *m_stub.store;
     return store.hasHandles && (isEntity() || m_rules >= OdDb::vAC12 || store.tableRecordsHaveHandles);
   }
-  if (group.code == kMarkerCode) return m_rules >= OdDb::vAC12;
+  if (group.code == kMarkerCode) return m_hasMarkers;
   return !late(group, section);
 }
 

@@ -22,10 +22,13 @@ double OdGePiecewiseCurve3d::lengthTo(double param) const {
 double OdGePiecewiseCurve3d::paramAtLength(double length) const {
   if (!(length > 0)) return startParam();
   if (length >= m_joints.back().length) return endParam();
-  const auto above = std::upper_bound(m_joints.begin() + 1, m_joints.end() - 1, length,
+  // What rounding alone holds back from a joint is there, and has the direction of what begins there.
+  constexpr double kRounding = 5e-13;
+  const double reached = length + kRounding * m_joints.back().length;
+  const auto above = std::upper_bound(m_joints.begin() + 1, m_joints.end() - 1, reached,
                                       [](double value, const Joint& joint) { return value < joint.length; });
   const auto piece = static_cast<std::size_t>(above - m_joints.begin()) - 1;
-  return paramInPiece(piece, length - m_joints[piece].length);
+  return paramInPiece(piece, std::max(0.0, length - m_joints[piece].length));
 }
 
 OdGeExtents3d OdGePiecewiseCurve3d::extents() const {

@@ -1,6 +1,7 @@
 #include "Editor.h"
-#include "HostEdInputTracker.h"
+#include "EntityText.h"
 #include "SelectionInput.h"
+#include "hostgsmanager/Display.h"
 #include <cmath>
 #include <unordered_set>
 
@@ -39,6 +40,7 @@ int Editor::ask(const Question& question, const Judge& judge) {
   for (;;) {
     const OdString line = m_input.nextAnswer(question.prompt);
     if (Input::isEscape(line)) return kHostEdCancel;
+    if (!question.text && m_input.runPromptCommand(line)) continue;
     const bool empty = question.text ? line.isEmpty() : trimmed(line).isEmpty();
     if (empty && !(question.flags & kHostEdNoEmpty)) return kHostEdEmpty;
     if (empty)
@@ -77,21 +79,28 @@ void Editor::refuse(const Question& question, const OdString& line) const {
 
 // --- points and what is measured between them ---
 
-bool Editor::moveCursor(const OdString& line, HostEdInputTracker* tracker) const {
+std::optional<OdGePoint3d> Editor::readMove(const OdString& line) const {
   constexpr OdChar kMove[] = L"move ";
   const OdString text = trimmed(line);
-  if (text.left(5).iCompare(kMove) != 0) return false;
-  const std::optional<OdGePoint3d> cursor = parsePoint(text.mid(5), frame());
-  if (!cursor) return false;
-  if (tracker) tracker->Filter({kHostEdMouseMove, &*cursor}, *cursor);
-  return true;
+  if (text.left(5).iCompare(kMove) != 0) return std::nullopt;
+  return parsePoint(text.mid(5), frame());
+}
+
+void Editor::tellPreview(const OdGePoint3d& cursor) const {
+  for (const PreviewedEntity& drawn : display().preview().entities())
+    m_input.print(L"Preview: " + entityText(*drawn.entity, cursor, *m_database));
 }
 
 int Editor::GetPoint(const OdGePoint3d*, OdGePoint3d& point, const OdChar* prompt, const OdChar* keywords,
                      int flags, void*, HostEdInputTracker* tracker) {
   const OdString expected = OdString(L"a point (") + kPointForms + L")";
+  Tracking tracking(display().preview(), tracker);
   return ask(question(prompt, keywords, flags, expected), [&](const OdString& line) {
-    if (moveCursor(line, tracker)) return Verdict::again;
+    if (const std::optional<OdGePoint3d> cursor = readMove(line)) {
+      tracking.moveCursor(*cursor);
+      tellPreview(*cursor);
+      return Verdict::again;
+    }
     const std::optional<OdGePoint3d> typed = parsePoint(line, frame());
     if (!typed) return Verdict::refused;
     point = m_lastPoint = *typed;
@@ -100,7 +109,7 @@ int Editor::GetPoint(const OdGePoint3d*, OdGePoint3d& point, const OdChar* promp
 }
 
 Editor::Verdict Editor::readSpan(const OdString& line, const OdGePoint3d* base, Span& span) {
-  if (moveCursor(line, nullptr)) return Verdict::again;
+  if (readMove(line)) return Verdict::again;
   const std::optional<OdGePoint3d> typed = parsePoint(line, frame());
   if (!typed) return Verdict::refused;
   m_lastPoint = *typed;
@@ -242,7 +251,6 @@ void Editor::tellFound(unsigned int found, unsigned int total) const {
   m_input.print(text);
 }
 
-// A console draws nothing; a preview matters only to windows.
-void Editor::Preview(int, OdDbEntity*) {}
+void Editor::Preview(int mode, OdDbEntity* entity) { display().preview().name(mode, entity); }
 
 } // namespace host

@@ -63,7 +63,10 @@ private:
   void refuse(const Question& question, const OdString& line) const;
 
   PointFrame frame() const { return PointFrame::of(*m_database, m_lastPoint); }
-  bool moveCursor(const OdString& line, HostEdInputTracker* tracker) const;
+  /// Where a line of the form "move x,y" moves the cursor; nothing for other lines.
+  std::optional<OdGePoint3d> readMove(const OdString& line) const;
+  /// Tells what the preview shows.
+  void tellPreview(const OdGePoint3d& cursor) const;
   Verdict readSpan(const OdString& line, const OdGePoint3d* base, Span& span);
   double directionOf(const Span& span) const;
   void tellFound(unsigned int found, unsigned int total) const;

@@ -102,6 +102,7 @@ CommandTable HostSession::allCommands() const {
 }
 
 RunResult HostSession::execute(const OdString& line) {
+  if (m_input.runPromptCommand(line)) return RunResult::completed;
   OdString name = line;
   if (name.trimLeft().trimRight().isEmpty()) name = m_lastLine;
   if (name.isEmpty()) return RunResult::completed;

@@ -56,8 +56,9 @@ public:
   std::vector<Command> commands() const { return allCommands().commands(); }
 
   /// Runs what was typed at the command prompt: a command by its name, which may be shortened; an empty line
-  /// repeats the last command. What goes wrong is printed in one line. One command is one step for undo.
-  /// Throws ScriptEnded, with what the command did taken back, when the input ends at one of its prompts.
+  /// repeats the last command; what the input's prompt command takes is done. What goes wrong is printed in
+  /// one line. One command is one step for undo. Throws ScriptEnded, with what the command did taken back,
+  /// when the input ends at one of its prompts.
   RunResult execute(const OdString& line);
 
   /// What service 2 leads to; null while no drawing is open.

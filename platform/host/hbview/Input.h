@@ -1,6 +1,7 @@
 #pragma once
 #include "Console.h"
 #include "OdString.h"
+#include <functional>
 #include <stdexcept>
 
 namespace host {
@@ -26,6 +27,12 @@ public:
   /// Whether a line stands for Esc: "^C", or the control character itself.
   static bool isEscape(const OdString& line);
 
+  /// Sees to lines that mean the same at every prompt, which waits on: true for such a line. A prompt for a
+  /// text takes them as its answer.
+  using PromptCommand = std::function<bool(const OdString& line)>;
+  void setPromptCommand(PromptCommand command) { m_promptCommand = std::move(command); }
+  bool runPromptCommand(const OdString& line) const { return m_promptCommand && m_promptCommand(line); }
+
   void print(const OdString& text) const;
   /// Prints what is wrong with the last line, after its place where nobody saw it being typed.
   void complain(const OdString& text) const;
@@ -34,6 +41,7 @@ public:
 
 private:
   Console* m_console;
+  PromptCommand m_promptCommand;
 };
 
 } // namespace host

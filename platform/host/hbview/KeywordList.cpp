@@ -1,4 +1,5 @@
 #include "KeywordList.h"
+#include <algorithm>
 #include <sstream>
 
 namespace host {
@@ -70,13 +71,32 @@ KeywordList::Match KeywordList::find(const OdString& typed, bool inFull) const {
   return {};
 }
 
+bool KeywordList::isShownIn(const OdString& text) const {
+  return std::ranges::all_of(m_local, [&text](const OdString& word) { return text.find(word) >= 0; });
+}
+
+namespace {
+
+/// "Specify point [Undo] <Exit>": the keywords stand before the default.
+OdString withKeywords(OdString prompt, const KeywordList& keywords) {
+  prompt.trimRight();
+  if (prompt.right(1) == L":") prompt = prompt.left(prompt.getLength() - 1).trimRight();
+  const int start = prompt.right(1) == L">" ? prompt.reverseFind(L'<') : -1;
+  const OdString byDefault = start < 0 ? OdString() : L" " + prompt.mid(start);
+  if (start >= 0) prompt = prompt.left(start).trimRight();
+  return prompt + L" [" + keywords.shown() + L"]" + byDefault;
+}
+
+} // namespace
+
 OdString shownPrompt(const OdChar* prompt, const KeywordList& keywords) {
   OdString text(prompt);
   const int place = text.find(L"%s");
   if (place >= 0)
     text = text.left(place) + keywords.shown() + text.mid(place + 2);
-  else if (!keywords.isEmpty() && text.find(L'[') < 0)
-    text = text.trimRight() + L" [" + keywords.shown() + L"]";
+  else if (const int bracket = text.find(L'[');
+           !keywords.isEmpty() && (bracket < 0 || !keywords.isShownIn(text.mid(bracket))))
+    text = withKeywords(text, keywords);
   text.trimLeft().trimRight();
   if (!text.isEmpty() && text.right(1) != L":" && text.right(1) != L"?") text += L':';
   return text + L' ';

@@ -14,6 +14,8 @@ public:
   bool isEmpty() const { return m_local.empty(); }
   /// "Yes/No".
   OdString shown() const { return joined(m_local, L"/"); }
+  /// Whether each keyword stands in the text.
+  bool isShownIn(const OdString& text) const;
 
   struct Match {
     int index = -1;      ///< from 0; -1: no keyword, or not a unique one
@@ -32,8 +34,8 @@ private:
   Words m_global;
 };
 
-/// A prompt as the user sees it: "%s" filled with the keywords, which are appended when the prompt has no
-/// brackets of its own; with a colon at the end.
+/// A prompt as the user sees it: "%s" filled with the keywords, which are added in brackets, before a
+/// default, when the prompt's own brackets do not show them; with a colon at the end.
 OdString shownPrompt(const OdChar* prompt, const KeywordList& keywords);
 
 } // namespace host

@@ -72,7 +72,9 @@ PointFrame PointFrame::of(const OdDbDatabase& database, const OdGePoint3d& lastP
   return frame;
 }
 
-std::optional<OdGePoint3d> parsePoint(const OdString& text, const PointFrame& frame) {
+namespace {
+
+std::optional<OdGePoint3d> pointOf(const OdString& text, const PointFrame& frame) {
   OdString rest = text;
   const bool relative = takeHead(rest, L'@');
   const bool world = takeHead(rest, L'*');
@@ -84,6 +86,15 @@ std::optional<OdGePoint3d> parsePoint(const OdString& text, const PointFrame& fr
   if (world) return point;
   if (!typed->hasZ) point.z = frame.elevation;
   return frame.ucsToWorld * point;
+}
+
+} // namespace
+
+std::optional<OdGePoint3d> parsePoint(const OdString& text, const PointFrame& frame) {
+  const std::optional<OdGePoint3d> point = pointOf(text, frame);
+  // Each part may be a number and their sum none.
+  const bool isPlace = point && std::isfinite(point->x) && std::isfinite(point->y) && std::isfinite(point->z);
+  return isPlace ? point : std::nullopt;
 }
 
 std::optional<double> parseAngle(const OdString& text, const PointFrame& frame) {

@@ -52,7 +52,7 @@ Selected previous(const Request& request) {
   if (!request.words.empty()) return unreadable();
   OdDbObjectIdArray ids;
   for (const OdDbObjectId& id : request.previous)
-    if (isSelectable(request.database, id)) ids.append(id);
+    if (standingOf(request.database, id) == Standing::selectable) ids.append(id);
   return selection(request, std::move(ids));
 }
 
@@ -61,9 +61,12 @@ Selected handle(const Request& request) {
   const OdDbHandle wanted(request.words[0]);
   if (wanted.isNull()) return unreadable();
   const OdDbObjectId id = request.database.getOdDbObjectId(wanted);
-  const bool usable = !id.isNull() && isSelectable(request.database, id);
-  return oneObject(request, usable ? id : OdDbObjectId(),
-                   L"The current space has no object with the handle " + wanted.ascii() + L".");
+  const Standing standing = standingOf(request.database, id);
+  const OdString complaint =
+      standing == Standing::frozen
+          ? L"The object with the handle " + wanted.ascii() + L" is on a frozen layer."
+          : L"The current space has no object with the handle " + wanted.ascii() + L".";
+  return oneObject(request, standing == Standing::selectable ? id : OdDbObjectId(), complaint);
 }
 
 Selected pick(const Request& request) {

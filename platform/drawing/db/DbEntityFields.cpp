@@ -1,8 +1,6 @@
-#include "fields.h"
+#include "DbEntityFields.h"
 #include <algorithm>
 #include <limits>
-
-namespace picture {
 
 namespace {
 constexpr int kMarker = 100;
@@ -10,13 +8,13 @@ constexpr int kEmbedded = 101;
 constexpr int kNormal = 210;
 } // namespace
 
-int integerOf(const OdDbGroup& group) {
+int odDbIntegerOf(const OdDbGroup& group) {
   using Limits = std::numeric_limits<int>;
   if (group.kind != OdDbGroupKind::kInteger && group.kind != OdDbGroupKind::kBool) return 0;
   return static_cast<int>(std::clamp<OdInt64>(group.integer, Limits::min(), Limits::max()));
 }
 
-Fields::Fields(const OdDbObject& object) : m_list(object.groups()) {
+OdDbEntityFields::OdDbEntityFields(const OdDbObject& object) : m_list(object.groups()) {
   const OdDbGroup* first = m_list.items.data();
   m_end = first + odDbGroups::xDataStart(m_list);
   m_end = std::find_if(first, m_end, [](const OdDbGroup& group) { return group.code == kEmbedded; });
@@ -27,26 +25,26 @@ Fields::Fields(const OdDbObject& object) : m_list(object.groups()) {
   m_begin = own == m_end ? first : own + 1;
 }
 
-const OdDbGroup* Fields::find(int code, const OdDbGroup* from) const {
+const OdDbGroup* OdDbEntityFields::find(int code, const OdDbGroup* from) const {
   return std::find_if(from, m_end, [code](const OdDbGroup& group) { return group.code == code; });
 }
 
-double Fields::real(int code, double fallback) const {
+double OdDbEntityFields::real(int code, double fallback) const {
   const OdDbGroup* found = find(code, m_begin);
   return found != m_end && found->kind == OdDbGroupKind::kReal ? found->real : fallback;
 }
 
-int Fields::integer(int code, int fallback) const {
+int OdDbEntityFields::integer(int code, int fallback) const {
   const OdDbGroup* found = find(code, m_begin);
-  return found != m_end ? integerOf(*found) : fallback;
+  return found != m_end ? odDbIntegerOf(*found) : fallback;
 }
 
-OdString Fields::text(int code) const {
+OdString OdDbEntityFields::text(int code) const {
   const OdDbGroup* found = find(code, m_begin);
   return found != m_end ? m_list.text(*found) : OdString();
 }
 
-OdGePoint3d Fields::pointAt(const OdDbGroup* group) const {
+OdGePoint3d OdDbEntityFields::pointAt(const OdDbGroup* group) const {
   OdGePoint3d point(group->real, 0, 0);
   const int code = group->code;
   if (++group != m_end && group->code == code + 10) point.y = group->real;
@@ -54,28 +52,26 @@ OdGePoint3d Fields::pointAt(const OdDbGroup* group) const {
   return point;
 }
 
-OdGePoint3d Fields::point(int code) const {
+OdGePoint3d OdDbEntityFields::point(int code) const {
   const OdDbGroup* found = find(code, m_begin);
   return found != m_end ? pointAt(found) : OdGePoint3d();
 }
 
-std::vector<OdGePoint3d> Fields::points(int code) const {
+std::vector<OdGePoint3d> OdDbEntityFields::points(int code) const {
   std::vector<OdGePoint3d> points;
   for (const OdDbGroup* at = find(code, m_begin); at != m_end; at = find(code, at + 1))
     points.push_back(pointAt(at));
   return points;
 }
 
-std::vector<double> Fields::reals(int code) const {
+std::vector<double> OdDbEntityFields::reals(int code) const {
   std::vector<double> values;
   for (const OdDbGroup* at = find(code, m_begin); at != m_end; at = find(code, at + 1))
     values.push_back(at->real);
   return values;
 }
 
-OdGeVector3d Fields::normal() const {
+OdGeVector3d OdDbEntityFields::normal() const {
   const OdGeVector3d normal = has(kNormal) ? point(kNormal).asVector() : OdGeVector3d::kZAxis;
   return normal.isZeroLength() ? OdGeVector3d::kZAxis : normal;
 }
-
-} // namespace picture
