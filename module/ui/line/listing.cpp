@@ -38,6 +38,7 @@ OdString tabTitles(const OpenDialog& dialog, const NamedControl& control) {
 
 std::vector<OdString> cellsOf(const OpenDialog& dialog, const NamedControl& list, int row) {
   std::vector<OdString> cells;
+  cells.reserve(static_cast<std::size_t>(list.info.columnCount));
   for (int column = 0; column < list.info.columnCount; ++column)
     cells.emplace_back(dialog.cell(list.info.id, row, column));
   return cells;

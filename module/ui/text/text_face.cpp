@@ -119,7 +119,7 @@ void TextFace::focusOn(const Focus& target) {
 
 void TextFace::passFocusOn() {
   const int next = nextTabStop();
-  focusOn(next ? Focus{find(next).form, next} : Focus{});
+  focusOn(next ? Focus{at(next).form, next} : Focus{});
 }
 
 MessageAnswer TextFace::messageBox(const MessageQuestion& question) {

@@ -85,6 +85,8 @@ private:
   /// What the user means by a number: a control of the dialog or of the open page; without control when there
   /// is none.
   Place find(int id) const;
+  /// As find, for a number that was found before.
+  Place at(int id) const;
   ControlInfo describe(const Control& control) const;
   OpenPage* openPage() const;
   void showPage(int index);

@@ -27,6 +27,13 @@ TextFace::Place TextFace::find(int id) const {
   return page ? Place{page->form.get(), page->form->controls().find(id)} : Place{};
 }
 
+TextFace::Place TextFace::at(int id) const {
+  const Place place = find(id);
+  if (!place.form || !place.control)
+    refuseControl(static_cast<unsigned>(number()), static_cast<unsigned>(id), "there is no such control");
+  return place;
+}
+
 ControlInfo TextFace::describe(const Control& control) const {
   ControlInfo info{};
   info.id = control.id;
@@ -94,8 +101,9 @@ const wchar_t* TextFace::cell(int id, int row, int column) const {
 
 RowLook TextFace::rowLook(int id, int row) const {
   const Place place = find(id);
-  return place.control && place.control->rows.cell(row, 0) ? place.form->events().rowLook(id, row)
-                                                           : RowLook{};
+  return place.form && place.control && place.control->rows.cell(row, 0)
+             ? place.form->events().rowLook(id, row)
+             : RowLook{};
 }
 
 TextRange TextFace::field(int id, int index) const {
@@ -110,10 +118,10 @@ TextRange TextFace::selection(int id) const {
   return found ? found->selection : TextRange{0, 0};
 }
 
-void TextFace::moveTo(int id) { find(id).form->setFocus(id); }
+void TextFace::moveTo(int id) { at(id).form->setFocus(id); }
 
 void TextFace::replaceText(int id, const OdString& text) {
-  const auto [form, control] = find(id);
+  const auto [form, control] = at(id);
   if (control->kind == ControlKind::richEdit) return form->line(id).splice(difference(control->text, text));
   const OdString taken = text.left(std::min(text.getLength(), control->textLimit));
   control->items.select(-1);
@@ -124,14 +132,14 @@ void TextFace::replaceText(int id, const OdString& text) {
 }
 
 void TextFace::clickOn(int id) {
-  const auto [form, control] = find(id);
+  const auto [form, control] = at(id);
   if (control->kind != ControlKind::button) form->controls().check(*control, !control->checked);
   if (form == &m_frame) return reportPress(m_events, id);
   form->events().onPress(id);
 }
 
 void TextFace::chooseItem(int id, int item) {
-  const auto [form, control] = find(id);
+  const auto [form, control] = at(id);
   if (control->kind != ControlKind::listView) {
     control->items.select(item);
   } else {
@@ -141,9 +149,9 @@ void TextFace::chooseItem(int id, int item) {
   form->events().onChange(id);
 }
 
-void TextFace::selectRange(int id, TextRange range) { find(id).form->selectText(id, range); }
+void TextFace::selectRange(int id, TextRange range) { at(id).form->selectText(id, range); }
 
-void TextFace::clickTwice(int id) { find(id).form->events().onDoubleClick(id); }
+void TextFace::clickTwice(int id) { at(id).form->events().onDoubleClick(id); }
 
 void TextFace::turnTo(int id, int page) {
   const OpenPage* open = page == m_activePage ? nullptr : openPage();
@@ -155,9 +163,9 @@ void TextFace::turnTo(int id, int page) {
   m_events.onChange(id);
 }
 
-Menu TextFace::menuOf(int id) { return find(id).form->events().contextMenu(id); }
+Menu TextFace::menuOf(int id) { return at(id).form->events().contextMenu(id); }
 
-void TextFace::chooseCommand(int id, int command) { find(id).form->events().onMenu(id, command); }
+void TextFace::chooseCommand(int id, int command) { at(id).form->events().onMenu(id, command); }
 
 void TextFace::strike(Key key) {
   const Control* focused = m_focus.form ? m_focus.form->controls().find(m_focus.id) : nullptr;
