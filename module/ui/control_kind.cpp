@@ -1,5 +1,6 @@
 #include "control_kind.h"
 #include "res/styles.h"
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -66,10 +67,16 @@ bool tellsLeave(ControlKind kind) {
   return holdsText(kind) || holdsItems(kind) || kind == ControlKind::listView;
 }
 
-void refuseUnfitPage(const res::DialogTemplate& page, unsigned number) {
+void refuseUnfitPage(const res::DialogTemplate& page, unsigned number, const res::DialogTemplate& dialog) {
   if (!(page.style & WS_CHILD) || !(page.style & DS_CONTROL) || !(page.extendedStyle & WS_EX_CONTROLPARENT))
     throw std::logic_error("page " + std::to_string(number) +
                            " needs the styles DS_CONTROL, WS_CHILD and WS_EX_CONTROLPARENT");
+  for (const res::ControlTemplate& control : page.controls) {
+    const bool isTaken =
+        std::ranges::find(dialog.controls, control.id, &res::ControlTemplate::id) != dialog.controls.end();
+    if (isTaken && takesFocus(kindOf(number, control)))
+      refuseControl(number, control.id, "the dialog of this page has a control of that number");
+  }
 }
 
 ControlPlace onTabs(const ControlPlace& place, const res::Rect& tabs) {

@@ -22,8 +22,9 @@ bool tellsLeave(ControlKind kind);
 /// A mistake of the dialog's class: throws std::logic_error, which names dialog and control.
 [[noreturn]] void refuseControl(unsigned dialog, unsigned control, const std::string& why);
 
-/// The template of a page that cannot stand in a dialog: throws std::logic_error.
-void refuseUnfitPage(const res::DialogTemplate& page, unsigned number);
+/// The template of a page that cannot stand in a dialog, for its styles or for a control whose number the
+/// dialog has: throws std::logic_error.
+void refuseUnfitPage(const res::DialogTemplate& page, unsigned number, const res::DialogTemplate& dialog);
 /// Where a control of a page stands in the dialog, by its place on the page and the place of the tabs.
 ControlPlace onTabs(const ControlPlace& place, const res::Rect& tabs);
 

@@ -165,6 +165,8 @@ TEST_F(ControlsTest, ItemsKeepTheirDataAndColours) {
   user.look([this](const DialogRecorder::Dialog& d) {
     EXPECT_EQ(d.controls.at(41).text, "Typed");
     EXPECT_EQ(probe.form().text(41), L"Typed");
+    EXPECT_EQ(probe.form().items(41).selection(), -1) << "what is typed is no item";
+    EXPECT_EQ(probe.form().text(41), L"Typed");
     EXPECT_EQ(probe.form().items(43).data(probe.form().items(43).selection()), 0x00FF00);
   });
   user.say("^C");
@@ -357,6 +359,7 @@ TEST_F(ControlsTest, WrongKindsAreMistakesOfTheDialogClass) {
     EXPECT_THROW(probe.form().setIcon(47, 4711), res::Error);
     EXPECT_THROW(probe.face->addPage(46, L"x", 10, everythingDialog(10), probe.values), std::logic_error);
     EXPECT_THROW(probe.face->addPage(48, L"x", 9, everythingDialog(9), probe.values), std::logic_error);
+    EXPECT_THROW(probe.face->addPage(48, L"x", 14, everythingDialog(14), probe.values), std::logic_error);
   };
   EXPECT_TRUE(eventsOf("show").empty());
   user.sayRefused("set shade = red", "\"Shade\" cannot be set, but chosen from.");

@@ -17,8 +17,8 @@ constexpr int captionHeight = 22, border = 3;
 } // namespace
 
 TextFace::TextFace(unsigned number, DialogEvents& events, DialogUser* user, const res::DialogTemplate& source)
-    : WorkedDialog(number), m_events(events), m_user(user), m_frame(number, source, events, *this),
-      m_title(source.caption), m_resizable((source.style & WS_THICKFRAME) != 0),
+    : WorkedDialog(number), m_events(events), m_user(user), m_template(source),
+      m_frame(number, source, events, *this), m_title(source.caption),
       m_placement(initialPlacement(source.rect)), m_area(normalArea(m_placement)) {}
 
 int TextFace::run() {
@@ -48,13 +48,13 @@ void TextFace::end(int code) {
 
 FormFace& TextFace::addPage(int tabs, const OdString& title, unsigned number,
                             std::span<const std::uint8_t> source, PageEvents& events) {
-  refuseUnfitPage(res::parseDialog(source, number), number);
+  const res::DialogTemplate page = res::parseDialog(source, number);
+  refuseUnfitPage(page, number, m_template);
   if (m_frame.controls().at(tabs).kind != ControlKind::tabs || (m_tabs && m_tabs != tabs))
     refuseControl(static_cast<unsigned>(this->number()), static_cast<unsigned>(tabs), "it takes no pages");
   m_tabs = tabs;
   FocusKeeper& keeper = *this;
-  m_pages.push_back(
-      {title, events, std::make_unique<TextForm>(number, res::parseDialog(source, number), events, keeper)});
+  m_pages.push_back({title, events, std::make_unique<TextForm>(number, page, events, keeper)});
   const Area area = m_frame.area(tabs);
   m_pages.back().form->resize(area.width() - 2 * border, area.height() - captionHeight - border);
   return *m_pages.back().form;
@@ -82,7 +82,7 @@ void TextFace::showPage(int index) {
 void TextFace::setPlacement(const Placement& placement) {
   m_placement = placement;
   Area area = normalArea(placement);
-  if (m_resizable) {
+  if (m_template.style & WS_THICKFRAME) {
     area.right = std::max(area.right, area.left + m_area.width());
     area.bottom = std::max(area.bottom, area.top + m_area.height());
     setNormalArea(m_placement, area);

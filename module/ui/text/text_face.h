@@ -94,12 +94,12 @@ private:
 
   DialogEvents& m_events;
   DialogUser* m_user;
+  const res::DialogTemplate m_template;
   mutable TextForm m_frame;
   mutable std::vector<OpenPage> m_pages;
   int m_tabs = 0;
   int m_activePage = -1;
   OdString m_title;
-  const bool m_resizable;
   Placement m_placement;
   const Area m_area; // at first
   Focus m_focus;

@@ -13,7 +13,7 @@ OdString windowText(HWND window) {
 
 OdString ControlWindow::text() const {
   if (fields) return fields->text().text();
-  return items && isChosen && items->selection() >= 0 ? items->text(items->selection()) : windowText(window);
+  return items && items->selection() >= 0 ? items->text(items->selection()) : windowText(window);
 }
 
 ControlWindows::ControlWindows(const res::DialogTemplate& source, unsigned number) : m_number(number) {

@@ -23,15 +23,13 @@ struct ControlWindow {
   HICON icon = nullptr;
   /// A radio button as it was told last: a click on a checked one is none.
   bool wasChecked = false;
-  /// An editable combo box whose text is that of the chosen item, though its window may not show it yet.
-  bool isChosen = true;
   std::unique_ptr<ItemWindow> items;
   std::unique_ptr<ListWindow> rows;
   std::unique_ptr<FieldWindow> fields;
 
   bool hasStyle(LONG_PTR style) const { return (GetWindowLongPtrW(window, GWL_STYLE) & style) != 0; }
   bool isChecked() const { return SendMessageW(window, BM_GETCHECK, 0, 0) == BST_CHECKED; }
-  /// The caption or contents; of a combo box or list, the chosen item.
+  /// The caption or contents; of a combo box or list, the chosen item, which the window may not show yet.
   OdString text() const;
 };
 

@@ -98,7 +98,7 @@ void FormWindow::noticeFrom(ControlWindow& control, unsigned notice) {
   case ControlKind::comboBox:
     if (notice == CBN_SETFOCUS) m_keeper.focusArrived({this, control.id});
     if (notice != CBN_SELCHANGE && notice != CBN_EDITCHANGE) return;
-    control.isChosen = notice == CBN_SELCHANGE;
+    control.items->noteTyped(notice == CBN_EDITCHANGE);
     m_events.onChange(control.id);
     return;
   case ControlKind::listBox:

@@ -102,9 +102,8 @@ void FormWindow::selectText(int id, TextRange range) {
 }
 
 Items& FormWindow::items(int id) {
-  ControlWindow& control = m_controls.at(id);
+  const ControlWindow& control = m_controls.at(id);
   if (!control.items) refuseControl(m_number, static_cast<unsigned>(id), "it holds no items");
-  control.isChosen = true;
   return *control.items;
 }
 

@@ -49,11 +49,12 @@ OdString ItemWindow::text(int index) const {
   return OdString(std::move(text));
 }
 
-int ItemWindow::selection() const { return send(&Messages::selection); }
+int ItemWindow::selection() const { return m_typed ? -1 : send(&Messages::selection); }
 
 void ItemWindow::select(int index) {
   if (index >= 0) at(index);
   send(&Messages::select, static_cast<WPARAM>(index));
+  m_typed = false;
 }
 
 void ItemWindow::draw(const DRAWITEMSTRUCT& request) const {

@@ -19,6 +19,9 @@ public:
   int selection() const override;
   void select(int index) override;
 
+  /// The user has typed into the combo box, or chosen: what is typed is no item, whatever the window says.
+  void noteTyped(bool typed) { m_typed = typed; }
+
   std::optional<Color> swatch(int index) const { return at(index).swatch; }
   /// The window asks for an item to be drawn.
   void draw(const DRAWITEMSTRUCT& request) const;
@@ -37,6 +40,7 @@ private:
   HWND m_window;
   const Messages& m_messages;
   std::vector<Item> m_items;
+  bool m_typed = false;
 };
 
 } // namespace ui::win32

@@ -61,7 +61,7 @@ ControlInfo Win32Face::describe(const ControlWindow& control) const {
   info.place = {control.place.x, control.place.y, control.place.width, control.place.height};
   if (control.items) {
     info.itemCount = control.items->count();
-    info.selectedItem = control.isChosen ? control.items->selection() : -1;
+    info.selectedItem = control.items->selection();
   } else if (control.rows) {
     info.itemCount = control.rows->rowCount();
     info.selectedItem = control.rows->selection();

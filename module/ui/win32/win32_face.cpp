@@ -161,7 +161,7 @@ void Win32Face::pressed(FormWindow& form, int id) {
 FormFace& Win32Face::addPage(int tabs, const OdString& title, unsigned number,
                              std::span<const std::uint8_t> source, PageEvents& events) {
   const res::DialogTemplate page = res::parseDialog(source, number);
-  refuseUnfitPage(page, number);
+  refuseUnfitPage(page, number, m_template);
   ControlWindow& control = m_frame.controls().at(tabs);
   if (control.kind != ControlKind::tabs || (m_tabs && m_tabs != tabs))
     refuseControl(static_cast<unsigned>(this->number()), static_cast<unsigned>(tabs), "it takes no pages");
