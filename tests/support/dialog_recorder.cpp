@@ -9,19 +9,53 @@ DialogRecorder* newest = nullptr;
 
 std::string utf8(const wchar_t* text) { return OdString(text).toUtf8(); }
 
+std::vector<std::string> cells(const ui::OpenDialog& dialog, int id, int row) {
+  std::vector<std::string> result;
+  while (const wchar_t* cell = dialog.cell(id, row, static_cast<int>(result.size())))
+    result.push_back(utf8(cell));
+  return result;
+}
+
+std::string part(const std::wstring& text, ui::TextRange range) {
+  return OdString(text.substr(static_cast<std::size_t>(range.begin),
+                              static_cast<std::size_t>(range.end - range.begin)))
+      .toUtf8();
+}
+
+DialogRecorder::Control seen(const ui::OpenDialog& dialog, const ui::ControlInfo& info) {
+  const std::wstring text = info.text;
+  DialogRecorder::Control control;
+  control.kind = info.kind;
+  control.text = utf8(info.text);
+  control.tip = utf8(info.tip);
+  control.enabled = info.enabled;
+  control.shown = info.shown;
+  control.checked = info.checked;
+  control.selected = info.selectedItem;
+  for (int item = 0; item < info.itemCount; ++item) {
+    control.items.push_back(utf8(dialog.item(info.id, item)));
+    control.swatches.push_back(dialog.swatch(info.id, item));
+  }
+  control.columns = cells(dialog, info.id, -1);
+  for (int row = 0; info.kind == ui::ControlKind::listView && row < info.itemCount; ++row) {
+    const ui::RowLook look = dialog.rowLook(info.id, row);
+    control.rows.push_back(cells(dialog, info.id, row));
+    control.emphasised.push_back(look.bold || look.textColor >= 0 || look.background >= 0);
+  }
+  for (int field = 0; field < info.fieldCount; ++field)
+    control.fields.push_back(part(text, dialog.field(info.id, field)));
+  const bool isEdit = info.kind == ui::ControlKind::edit || info.kind == ui::ControlKind::richEdit;
+  if (isEdit) control.selection = part(text, dialog.selection(info.id));
+  return control;
+}
+
 DialogRecorder::Dialog seen(const ui::OpenDialog& dialog) {
   DialogRecorder::Dialog result;
   result.number = dialog.number();
   result.title = utf8(dialog.title());
   result.focus = dialog.focus();
   ui::ControlInfo info;
-  for (int i = 0; dialog.controlAt(i, info); ++i) {
-    DialogRecorder::Control control{
-        info.kind, utf8(info.text), info.enabled, info.shown, info.checked, info.selectedItem, {}};
-    for (int item = 0; item < info.itemCount; ++item)
-      control.items.push_back(utf8(dialog.item(info.id, item)));
-    result.controls[info.id] = control;
-  }
+  for (int i = 0; dialog.controlAt(i, info); ++i) result.controls[info.id] = seen(dialog, info);
   return result;
 }
 

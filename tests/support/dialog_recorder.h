@@ -22,6 +22,13 @@ public:
     bool checked = false;
     int selected = -1;
     std::vector<std::string> items;
+    std::string tip;
+    std::vector<int> swatches;                  ///< one an item; -1 for none
+    std::vector<std::string> columns;           ///< of a list view, their titles
+    std::vector<std::vector<std::string>> rows; ///< of a list view, all cells
+    std::vector<bool> emphasised;               ///< one a row: drawn bold or in a colour
+    std::vector<std::string> fields;            ///< of a rich edit, their texts
+    std::string selection;                      ///< of an edit or rich edit, the text that is selected
   };
   struct Dialog {
     int number = 0;

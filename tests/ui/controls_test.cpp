@@ -54,6 +54,23 @@ TEST_F(ControlsTest, ArePrintedAsTheyLook) {
           "  [OK]*  [Cancel]  [Help]"));
 }
 
+TEST_F(ControlsTest, AreSeenByTheirUser) {
+  user.say("select value = oo");
+  user.look([](const DialogRecorder::Dialog& d) {
+    EXPECT_THAT(d.controls.at(43).swatches, ElementsAre(0xFFFFFF, 0xFF0000, 0x00FF00, 0x0000FF));
+    EXPECT_THAT(d.controls.at(41).swatches, ElementsAre(-1, -1));
+    EXPECT_THAT(d.controls.at(46).columns, ElementsAre("Tag", "Prompt", "Value"));
+    EXPECT_THAT(d.controls.at(46).rows.at(1), ElementsAre("NAME", "Name of the room", "B\u00fcro"));
+    EXPECT_THAT(d.controls.at(46).emphasised, ElementsAre(false, true, true));
+    EXPECT_THAT(d.controls.at(48).items, ElementsAre("Attribute", "Text Options"));
+    EXPECT_THAT(d.controls.at(51).fields, ElementsAre("3.01", "3"));
+    EXPECT_EQ(d.controls.at(51).selection, "oo");
+    EXPECT_EQ(d.controls.at(47).tip, "Pick a block");
+  });
+  user.say("^C");
+  probe.run(&user);
+}
+
 TEST_F(ControlsTest, TellWhatTheUserDoes) {
   probe.menu = {{120, L"Move &Up"}, {121, L"Edit...", false}, {}, {122, L"Remove", true, true}};
   const std::pair<const char*, std::vector<std::string>> cases[] = {
