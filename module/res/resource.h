@@ -12,6 +12,15 @@
 #define IDI_PICK_WIDTH 121
 #define IDI_PICK_BLOCK 2760
 
+// The context menu of the block attribute manager's list; its items are numbered like the buttons that do the
+// same
+#define IDM_MANAGER_LIST 2847
+#define IDC_MANAGER_MOVE_UP 2837
+#define IDC_MANAGER_MOVE_DOWN 2838
+#define IDC_MANAGER_EDIT 2839
+#define IDC_MANAGER_REMOVE 2840
+#define IDC_MANAGER_SETTINGS 2845
+
 // Buttons that every dialog numbers alike
 #ifndef IDOK
 #define IDOK 1

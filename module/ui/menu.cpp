@@ -3,7 +3,8 @@
 
 ui::Menu ui::loadMenu(unsigned number) {
   Menu menu;
-  for (const res::MenuTemplateItem& item : res::loadMenu(number).front().items)
+  const std::vector<res::MenuTemplateItem> popups = res::loadMenu(number);
+  for (const res::MenuTemplateItem& item : popups.front().items)
     menu.push_back({static_cast<int>(item.id), item.text, !item.grayed, item.checked});
   return menu;
 }

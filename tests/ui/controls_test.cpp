@@ -241,10 +241,13 @@ TEST_F(ControlsTest, TheCaretTellsItsField) {
     EXPECT_EQ(probe.value().fieldAtCaret(), 5);
     probe.value().setRuns({{L"plain", 0}});
     EXPECT_EQ(probe.values.form->text(51), L"plain");
+    probe.values.form->show(51, false);
     probe.values.form->setText(51, L"other");
+    EXPECT_FALSE(probe.values.form->isShown(51));
+    probe.values.form->show(51, true);
     EXPECT_EQ(shown(probe.value().runs()), "other");
   });
-  EXPECT_TRUE(eventsOf("select value = the").empty());
+  EXPECT_THAT(eventsOf("select value = the"), ElementsAre("leave 51")) << "when it was hidden";
 }
 
 TEST_F(ControlsTest, EditsKeepTheirLimitAndKnowWhetherTheyWereChanged) {
@@ -284,6 +287,14 @@ TEST_F(ControlsTest, AMenuOffersWhatItsResourceSays) {
   EXPECT_THAT(eventsOf("menu attributes = up"), ElementsAre("leave 46", "leave 43", "menu 46 120"));
   for (std::size_t size = 0; size < everythingMenu().size(); ++size)
     EXPECT_THROW(res::parseMenu(everythingMenu().first(size), 12), res::Error) << size;
+}
+
+TEST(Menu, OfTheModuleIsLoadedByItsNumber) {
+  const ui::Menu menu = ui::loadMenu(IDM_MANAGER_LIST);
+  ASSERT_EQ(menu.size(), 5u);
+  EXPECT_EQ(menu.front().text, L"Move Up");
+  EXPECT_EQ(menu.back().command, IDC_MANAGER_SETTINGS);
+  EXPECT_THROW(ui::loadMenu(4711), res::Error);
 }
 
 TEST_F(ControlsTest, ControlsFollowTheSizeOfTheDialogByTheirAnchors) {

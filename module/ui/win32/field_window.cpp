@@ -1,25 +1,11 @@
 #include "field_window.h"
 #include "control_windows.h"
+#include "flag.h"
 #include <algorithm>
 #include <richedit.h>
 #include <utility>
 
 namespace ui::win32 {
-namespace {
-
-class Working {
-public:
-  explicit Working(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  ~Working() { m_flag = m_before; }
-  Working(const Working&) = delete;
-  Working& operator=(const Working&) = delete;
-
-private:
-  bool& m_flag;
-  bool m_before;
-};
-
-} // namespace
 
 FieldWindow::FieldWindow(HWND window) : m_window(window) {
   send(EM_SETEVENTMASK, 0, ENM_CHANGE | ENM_SELCHANGE);
@@ -42,7 +28,7 @@ void FieldWindow::setSelection(TextRange range) const {
 }
 
 void FieldWindow::select(TextRange range) {
-  const Working working(m_working);
+  const Flag working(m_working);
   setSelection(m_text.widened(range));
 }
 
@@ -62,17 +48,19 @@ void FieldWindow::insert(const TextRun& run) {
 
 /// By replacing a selection: a text that is set may be taken for formatted text.
 void FieldWindow::write() {
-  const Working working(m_working);
+  const Flag working(m_working);
   setSelection({0, -1});
   send(EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(m_text.text().c_str()));
   paint();
 }
 
 void FieldWindow::paint() {
-  const Working working(m_working);
+  const Flag working(m_working);
   const TextRange selected = selection();
   const LRESULT modified = send(EM_GETMODIFY);
-  send(WM_SETREDRAW, FALSE);
+  // Drawing that is switched on again would show a hidden window.
+  const bool isShown = (GetWindowLongPtrW(m_window, GWL_STYLE) & WS_VISIBLE) != 0;
+  if (isShown) send(WM_SETREDRAW, FALSE);
   CHARFORMAT2W format{};
   format.cbSize = sizeof format;
   send(EM_GETCHARFORMAT, SCF_DEFAULT, reinterpret_cast<LPARAM>(&format));
@@ -88,7 +76,7 @@ void FieldWindow::paint() {
   }
   setSelection(selected);
   send(EM_SETMODIFY, static_cast<WPARAM>(modified));
-  send(WM_SETREDRAW, TRUE);
+  if (isShown) send(WM_SETREDRAW, TRUE);
   InvalidateRect(m_window, nullptr, TRUE);
 }
 
@@ -101,7 +89,7 @@ void FieldWindow::splice(const Splice& change) {
 }
 
 bool FieldWindow::followChange() {
-  if (m_working) return false;
+  if (m_working) return m_selectionBefore.reset(), false;
   const OdString now = windowText(m_window);
   const Splice change = difference(m_text.text(), now, std::exchange(m_selectionBefore, std::nullopt));
   const int end = m_text.replace(change.range, {change.text, 0});

@@ -1,4 +1,5 @@
 #include "form_window.h"
+#include "flag.h"
 #include "res/icon.h"
 #include "ui/control_kind.h"
 #include <commctrl.h>
@@ -12,18 +13,6 @@ namespace {
 constexpr UINT setDontClick = 0x00F8;
 constexpr DWORD iconVersion = 0x00030000;
 constexpr int iconSize = 16;
-
-class Silence {
-public:
-  explicit Silence(bool& flag) : m_flag(flag), m_before(std::exchange(flag, true)) {}
-  ~Silence() { m_flag = m_before; }
-  Silence(const Silence&) = delete;
-  Silence& operator=(const Silence&) = delete;
-
-private:
-  bool& m_flag;
-  bool m_before;
-};
 
 } // namespace
 
@@ -53,7 +42,7 @@ void FormWindow::bind(HWND window) {
 
 void FormWindow::setText(int id, const OdString& text) {
   ControlWindow& control = m_controls.at(id);
-  const Silence silence(m_silent);
+  const Flag silence(m_silent);
   if (control.fields) return control.fields->setRuns({{text, 0}});
   if (control.items) control.items->select(-1);
   SetWindowTextW(control.window, text.c_str());
