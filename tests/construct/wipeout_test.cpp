@@ -324,13 +324,13 @@ TEST_F(Wipeout, FramesAreOfTheDrawing) {
     std::optional<bool> expected;
     int redrawn;
   } cases[] = {
-      {std::nullopt, "ON", "Enter mode <OFF> [ON/OFF]: ", true, 1},
-      {std::nullopt, "off", "Enter mode <OFF> [ON/OFF]: ", false, 1},
-      {std::nullopt, "", "Enter mode <OFF> [ON/OFF]: ", std::nullopt, 0},
-      {true, "OFF", "Enter mode <ON> [ON/OFF]: ", false, 1},
-      {true, "", "Enter mode <ON> [ON/OFF]: ", true, 0},
-      {false, "on", "Enter mode <OFF> [ON/OFF]: ", true, 1},
-      {false, "^C", "Enter mode <OFF> [ON/OFF]: ", false, 0},
+      {std::nullopt, "ON", "Enter mode [ON/OFF] <OFF>: ", true, 1},
+      {std::nullopt, "off", "Enter mode [ON/OFF] <OFF>: ", false, 1},
+      {std::nullopt, "", "Enter mode [ON/OFF] <OFF>: ", std::nullopt, 0},
+      {true, "OFF", "Enter mode [ON/OFF] <ON>: ", false, 1},
+      {true, "", "Enter mode [ON/OFF] <ON>: ", true, 0},
+      {false, "on", "Enter mode [ON/OFF] <OFF>: ", true, 1},
+      {false, "^C", "Enter mode [ON/OFF] <OFF>: ", false, 0},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(std::string(test.prompt) + test.answer);
