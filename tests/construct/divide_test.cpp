@@ -13,7 +13,7 @@
 #include "DbSpline.h"
 #include "DbText.h"
 #include "construct/divide_curve.h"
-#include "divide_session.h"
+#include "construct_session.h"
 #include "hostgsmanager/Display.h"
 #include <cmath>
 
@@ -50,7 +50,7 @@ OdDbSplinePtr splineOf(const OdGePoint3dArray& points, bool closed = false) {
   return spline;
 }
 
-struct Divide : DivideSession {
+struct Divide : ConstructSession {
   OdDbObjectId addBlock(const OdString& name) {
     const OdDbBlockTablePtr blocks = database().getBlockTableId().safeOpenObject(OdDb::kForWrite);
     const OdDbBlockTableRecordPtr block = OdDbBlockTableRecord::createObject();
@@ -77,7 +77,7 @@ struct Divide : DivideSession {
 
   std::vector<OdGePoint3d> divide(const char* count) {
     std::vector<OdGePoint3d> places;
-    EXPECT_EQ(run(L"Divide", {"last", count}, [&] { places = points(); }), RunResult::completed);
+    EXPECT_EQ(run("Divide", {"last", count}, [&] { places = points(); }), RunResult::completed);
     EXPECT_THAT(lines.printed, IsEmpty());
     return places;
   }
@@ -85,7 +85,7 @@ struct Divide : DivideSession {
   /// In degrees, of references of the block along the newest curve.
   std::vector<double> turnsOfBlocks(const char* count) {
     std::vector<double> turns;
-    run(L"Divide", {"last", "Block", "Tick", "y", count}, [&] {
+    run("Divide", {"last", "Block", "Tick", "y", count}, [&] {
       for (const auto& mark : all<OdDbBlockReference>(modelSpace()))
         turns.push_back(mark->rotation() * 180 / OdaPI);
     });
@@ -191,7 +191,7 @@ TEST_F(Divide, OtherObjectsAreRefused) {
   };
   for (const auto& test : cases) {
     test.draw();
-    EXPECT_EQ(run(L"Divide", {"last", "5"}), test.result) << test.name;
+    EXPECT_EQ(run("Divide", {"last", "5"}), test.result) << test.name;
     EXPECT_THAT(lines.printed, ElementsAre(test.printed)) << test.name;
     EXPECT_FALSE(hasChanged) << test.name;
   }
@@ -203,7 +203,7 @@ TEST_F(Divide, Answers) {
   addBlock(L"Tick");
   draw(modelSpace(), lineTo({10, 0, 0}));
   const struct {
-    std::initializer_list<const char*> answers;
+    std::vector<std::string> answers;
     RunResult result;
     std::size_t points, references;
     std::vector<std::string> printed;
@@ -238,7 +238,7 @@ TEST_F(Divide, Answers) {
   for (const auto& test : cases) {
     std::size_t references = 0;
     std::size_t marks = 0;
-    EXPECT_EQ(run(L"Divide", test.answers,
+    EXPECT_EQ(run("Divide", test.answers,
                   [&] {
                     marks = points().size();
                     references = all<OdDbBlockReference>(modelSpace()).size();
@@ -255,7 +255,7 @@ TEST_F(Divide, Answers) {
 TEST_F(Divide, AsksInItsWords) {
   addBlock(L"Tick");
   draw(modelSpace(), lineTo({10, 0, 0}));
-  run(L"Divide", {"last", "b", "Tick", "n", "3"});
+  run("Divide", {"last", "b", "Tick", "n", "3"});
   lines.prompts.resize(5);
   EXPECT_THAT(lines.prompts,
               ElementsAre("Select object to divide: ", "Enter number of segments [Block]: ",

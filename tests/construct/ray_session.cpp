@@ -1,6 +1,4 @@
 #include "ray_session.h"
-#include "support/drawings.h"
-#include "sys/library.h"
 #include <cmath>
 #include <sstream>
 
@@ -17,6 +15,13 @@ std::string triple(double x, double y, double z) {
   return out.str();
 }
 
+std::vector<std::string> split(const std::string& answers) {
+  std::vector<std::string> parts;
+  std::istringstream stream(answers + "|");
+  for (std::string part; std::getline(stream, part, '|');) parts.push_back(part);
+  return parts;
+}
+
 } // namespace
 
 std::string text(const OdDbEndlessLine& line) {
@@ -27,41 +32,17 @@ std::string text(const OdDbEndlessLine& line) {
          triple(way.x, way.y, way.z);
 }
 
-RaySession::RaySession() {
-  std::string error;
-  m_module = sys::loadLibrary("blockattr", error);
-  EXPECT_NE(m_module, nullptr) << error;
-}
-
-RaySession::~RaySession() {
-  sys::freeLibrary(m_module);
-  EXPECT_EQ(sys::findLoadedLibrary("blockattr"), nullptr) << "settings of one test would reach the next";
-}
-
 host::RunResult RaySession::execute(const std::string& command, const std::string& answers) {
-  lines.prompts.clear();
-  lines.printed.clear();
-  std::size_t count = 0;
-  std::istringstream stream(answers + "|");
-  for (std::string answer; std::getline(stream, answer, '|'); ++count) lines.type({answer.c_str()});
-  const host::RunResult result = session.execute(OdString::fromUtf8(command));
-  EXPECT_EQ(lines.prompts.size(), count) << "as many questions as answers";
-  EXPECT_FALSE(lines.readLine("")) << "an answer was not asked for";
-  lines.prompts.pop_back();
-  return result;
+  return ConstructSession::execute(command, split(answers));
 }
 
 RaySession::Outcome RaySession::run(const std::string& command, const std::string& answers) {
-  database().clearUndo();
-  const std::string before = test::savedBytes(database());
-  const std::size_t old = linesOf(database().getModelSpaceId()).size();
-  Outcome outcome{execute(command, answers), {}};
-  const std::vector<std::string> printed = lines.printed;
-  const std::vector<std::string> all = linesOf(database().getModelSpaceId());
-  for (std::size_t i = old; i < all.size(); ++i) outcome.drawn += (i > old ? " + " : "") + all[i];
-  if (all.size() > old) session.execute(L"U");
-  EXPECT_EQ(test::savedBytes(database()), before);
-  lines.printed = printed;
+  const std::size_t old = linesOf(modelSpace()).size();
+  Outcome outcome;
+  outcome.result = ConstructSession::run(command, split(answers), [&] {
+    const std::vector<std::string> all = linesOf(modelSpace());
+    for (std::size_t i = old; i < all.size(); ++i) outcome.drawn += (i > old ? " + " : "") + all[i];
+  });
   return outcome;
 }
 
@@ -78,17 +59,11 @@ void RaySession::check(const std::string& command, std::initializer_list<Case> c
 
 std::vector<std::string> RaySession::linesOf(OdDbObjectId record) {
   std::vector<std::string> found;
-  const OdDbBlockTableRecordPtr opened = record.safeOpenObject();
-  for (auto each = opened->newIterator(); !each->done(); each->step()) {
-    const OdDbEntityPtr entity = each->entity();
-    if (const OdDbRayPtr ray = OdDbRay::cast(entity); !ray.isNull()) found.push_back(text(*ray));
-    if (const OdDbXlinePtr line = OdDbXline::cast(entity); !line.isNull()) found.push_back(text(*line));
-  }
+  for (const auto& line : all<OdDbEndlessLine>(record)) found.push_back(text(*line));
   return found;
 }
 
 std::string RaySession::add(OdDbEntity* entity) {
-  const OdDbBlockTableRecordPtr space = database().getModelSpaceId().safeOpenObject(OdDb::kForWrite);
-  const OdDbObjectId id = space->appendOdDbEntity(entity);
-  return "handle " + id.getHandle().ascii().toUtf8();
+  draw(modelSpace(), OdDbEntityPtr(entity));
+  return "handle " + entity->objectId().getHandle().ascii().toUtf8();
 }

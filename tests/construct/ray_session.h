@@ -1,8 +1,6 @@
 #pragma once
-#include "DbBlockTableRecord.h"
 #include "DbXline.h"
-#include "host/lines.h"
-#include <gmock/gmock.h>
+#include "construct_session.h"
 
 /// An endless line in one line of text, such as "ray 0,0,0 0.6,0.8,0": base point and direction, numbers with
 /// nine digits.
@@ -26,8 +24,8 @@ inline const Ucs kBelow{{}, {1, 0, 0}, {0, -1, 0}};
 constexpr host::RunResult kDone = host::RunResult::completed;
 constexpr host::RunResult kCancelled = host::RunResult::cancelled;
 
-/// A session with the module loaded, whose commands draw rays and construction lines.
-class RaySession : public testing::Test, protected OpenSession {
+/// A session whose commands draw rays and construction lines.
+class RaySession : public ConstructSession {
 protected:
   struct Outcome {
     host::RunResult result{};
@@ -43,16 +41,10 @@ protected:
     int unusable = 0; ///< how often an object is told to be of no use; nothing else is told
   };
 
-  RaySession();
-  ~RaySession() override;
-
-  OdDbDatabase& database() const { return *session.database(); }
   void setUcs(const Ucs& ucs) { database().setUCS(ucs.origin, ucs.x, ucs.y); }
 
-  /// Runs a command with answers that are separated by "|", an empty one being Enter, and requires that it
-  /// asks for all of them and no more. `printed` and `prompts` of `lines` are those of this run.
+  /// Answers are separated by "|", an empty one being Enter.
   host::RunResult execute(const std::string& command, const std::string& answers);
-  /// The same, then takes the run back and requires that the drawing is what it was, byte for byte.
   Outcome run(const std::string& command, const std::string& answers);
 
   void check(const std::string& command, std::initializer_list<Case> cases);
@@ -61,7 +53,4 @@ protected:
   static std::vector<std::string> linesOf(OdDbObjectId record);
   /// Adds an entity to model space; what picks it.
   std::string add(OdDbEntity* entity);
-
-private:
-  void* m_module = nullptr;
 };

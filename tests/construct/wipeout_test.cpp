@@ -7,7 +7,7 @@
 #include "HostUtils.h"
 #include "construct/wipeout_bounds.h"
 #include "construct/wipeout_tracker.h"
-#include "divide_session.h"
+#include "construct_session.h"
 #include "hostgsmanager/Display.h"
 #include <optional>
 
@@ -189,7 +189,7 @@ TEST(WipeoutBoundsTracker, MovesAndDrawsThePolyline) {
 
 const char* const kNotUsable = "The polyline must be closed and made up of only line segments.";
 
-struct Wipeout : DivideSession {
+struct Wipeout : ConstructSession {
   /// A closed square from (0, 0) to (4, 4).
   OdDbPolylinePtr square() {
     OdDbPolylinePtr polyline = OdDbPolyline::createObject();
@@ -225,7 +225,7 @@ auto near(std::vector<OdGePoint3d> expected) { return Near(std::move(expected));
 TEST_F(Wipeout, PickedBoundaries) {
   const std::vector<OdGePoint3d> triangle{{1, 1, 0}, {5, 1, 0}, {5, 4, 0}, {1, 1, 0}};
   const struct {
-    std::initializer_list<const char*> answers;
+    std::vector<std::string> answers;
     RunResult result;
     std::vector<OdGePoint3d> corners;
     std::vector<std::string> printed;
@@ -245,7 +245,7 @@ TEST_F(Wipeout, PickedBoundaries) {
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(testing::PrintToString(test.answers));
-    EXPECT_EQ(run(L"Wipeout", test.answers, [&] { EXPECT_THAT(mask(), near(test.corners)); }), test.result);
+    EXPECT_EQ(run("Wipeout", test.answers, [&] { EXPECT_THAT(mask(), near(test.corners)); }), test.result);
     EXPECT_EQ(lines.printed, test.printed);
     EXPECT_EQ(hasChanged, !test.corners.empty());
   }
@@ -257,7 +257,7 @@ TEST_F(Wipeout, ErasesThePolylineWhenAsked) {
   const std::string handle = "handle " + circle.getHandle().ascii().toUtf8();
   draw(modelSpace(), square());
   const struct {
-    std::initializer_list<const char*> answers;
+    std::vector<std::string> answers;
     RunResult result;
     bool isMade, isErased;
   } cases[] = {
@@ -274,7 +274,7 @@ TEST_F(Wipeout, ErasesThePolylineWhenAsked) {
       EXPECT_THAT(mask(), near(test.isMade ? corners : std::vector<OdGePoint3d>()));
       EXPECT_EQ(all<OdDbPolyline>(modelSpace()).empty(), test.isErased);
     };
-    EXPECT_EQ(run(L"Wipeout", test.answers, look), test.result);
+    EXPECT_EQ(run("Wipeout", test.answers, look), test.result);
     EXPECT_THAT(lines.printed, IsEmpty());
     EXPECT_EQ(hasChanged, test.isMade);
   }
@@ -309,7 +309,7 @@ TEST_F(Wipeout, TakesClosedPolylinesOfStraightSegments) {
     test.change(*polyline);
     draw(modelSpace(), polyline);
     const bool isAsked = test.result != RunResult::cancelled;
-    EXPECT_EQ(isAsked ? run(L"Wipeout", {"p", "last", "y"}) : run(L"Wipeout", {"p", "last"}), test.result);
+    EXPECT_EQ(isAsked ? run("Wipeout", {"p", "last", "y"}) : run("Wipeout", {"p", "last"}), test.result);
     EXPECT_EQ(hasChanged, test.result == RunResult::completed);
     EXPECT_EQ(lines.printed,
               test.printed ? std::vector<std::string>{test.printed} : std::vector<std::string>());
@@ -324,13 +324,13 @@ TEST_F(Wipeout, FramesAreOfTheDrawing) {
     std::optional<bool> expected;
     int redrawn;
   } cases[] = {
-      {std::nullopt, "ON", "Enter mode <OFF> [ON/OFF]: ", true, 1},
-      {std::nullopt, "off", "Enter mode <OFF> [ON/OFF]: ", false, 1},
-      {std::nullopt, "", "Enter mode <OFF> [ON/OFF]: ", std::nullopt, 0},
-      {true, "OFF", "Enter mode <ON> [ON/OFF]: ", false, 1},
-      {true, "", "Enter mode <ON> [ON/OFF]: ", true, 0},
-      {false, "on", "Enter mode <OFF> [ON/OFF]: ", true, 1},
-      {false, "^C", "Enter mode <OFF> [ON/OFF]: ", false, 0},
+      {std::nullopt, "ON", "Enter mode [ON/OFF] <OFF>: ", true, 1},
+      {std::nullopt, "off", "Enter mode [ON/OFF] <OFF>: ", false, 1},
+      {std::nullopt, "", "Enter mode [ON/OFF] <OFF>: ", std::nullopt, 0},
+      {true, "OFF", "Enter mode [ON/OFF] <ON>: ", false, 1},
+      {true, "", "Enter mode [ON/OFF] <ON>: ", true, 0},
+      {false, "on", "Enter mode [ON/OFF] <OFF>: ", true, 1},
+      {false, "^C", "Enter mode [ON/OFF] <OFF>: ", false, 0},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(std::string(test.prompt) + test.answer);
@@ -346,7 +346,7 @@ TEST_F(Wipeout, FramesAreOfTheDrawing) {
       EXPECT_EQ(host::display().regenerations() - before.regenerations(), test.redrawn);
     };
     const bool isCancelled = std::string(test.answer) == "^C";
-    EXPECT_EQ(run(L"Wipeout", {"Frames", test.answer}, look),
+    EXPECT_EQ(run("Wipeout", {"Frames", test.answer}, look),
               isCancelled ? RunResult::cancelled : RunResult::completed);
     EXPECT_THAT(lines.prompts, testing::Contains(test.prompt));
     EXPECT_EQ(hasChanged, test.before != test.expected);
@@ -366,7 +366,7 @@ TEST_F(Wipeout, GoToTheActiveSpace) {
   const OdDbObjectId window = addViewport(2);
   for (const bool isEntered : {false, true}) {
     database().setActiveViewportId(isEntered ? window : OdDbObjectId());
-    run(L"Wipeout", {"1,1", "5,1", "5,4", "c"}, [&] {
+    run("Wipeout", {"1,1", "5,1", "5,4", "c"}, [&] {
       EXPECT_EQ(mask(paper).empty(), isEntered);
       EXPECT_EQ(mask().empty(), !isEntered);
     });
@@ -376,7 +376,7 @@ TEST_F(Wipeout, GoToTheActiveSpace) {
 TEST_F(Wipeout, LiesInTheCurrentCoordinateSystem) {
   database().setUCS({10, 20, 30}, {0, 1, 0}, {0, 0, 1});
   const std::vector<OdGePoint3d> corners{{10, 21, 31}, {10, 25, 31}, {10, 25, 34}, {10, 21, 31}};
-  run(L"Wipeout", {"1,1", "5,1", "5,4,2", "c"}, [&] { EXPECT_THAT(mask(), near(corners)); });
+  run("Wipeout", {"1,1", "5,1", "5,4,2", "c"}, [&] { EXPECT_THAT(mask(), near(corners)); });
   EXPECT_TRUE(hasChanged);
 }
 

@@ -201,10 +201,10 @@ TEST_F(Xline, TheOffsetIsRememberedWhileTheModuleIsLoaded) {
   } runs[] = {
       {"o||last|^C", "[Through]", "Specify through point: "},
       {"o|2.5|^C", "[Through]", "Select a line object: "},
-      {"o||last|^C", "[2.5000]", "Specify side to offset: "},
-      {"o|t|last|^C", "[2.5000]", "Specify through point: "},
+      {"o||last|^C", "[2.5000] [Through]", "Specify side to offset: "},
+      {"o|t|last|^C", "[2.5000] [Through]", "Specify through point: "},
       {"o|6'|last|0,1|", "[Through]", "Select a line object: "},
-      {"o|^C", "[72.0000]", "Specify offset distance [72.0000]: "},
+      {"o|^C", "[72.0000] [Through]", "Specify offset distance [72.0000] [Through]: "},
   };
   for (const auto& each : runs) {
     SCOPED_TRACE(each.answers);
@@ -214,9 +214,9 @@ TEST_F(Xline, TheOffsetIsRememberedWhileTheModuleIsLoaded) {
   }
   setInteger(L"$LUNITS", 4);
   run("XLINE", "o|30.5|^C");
-  EXPECT_EQ(lines.prompts[1], "Specify offset distance [6'-0\"]: ");
+  EXPECT_EQ(lines.prompts[1], "Specify offset distance [6'-0\"] [Through]: ");
   run("XLINE", "o|-1|^C");
-  EXPECT_EQ(lines.prompts[1], "Specify offset distance [2'-6 1/2\"]: ");
+  EXPECT_EQ(lines.prompts[1], "Specify offset distance [2'-6 1/2\"] [Through]: ");
   EXPECT_THAT(lines.printed, ElementsAre("\"-1\" is not a distance of at least 0, nor one of Through."));
 }
 
