@@ -1,5 +1,6 @@
 // The commands of the module, registered with the host while the module is loaded, and where its dialogs look
 // for their user.
+#include "HostServices.h"
 #include "attext/attext_command.h"
 #include "construct/divide_command.h"
 #include "construct/ray_command.h"
@@ -24,12 +25,12 @@ const CommandRegistration xline{"XLINE", &createCommand<CXLineCmd>};
 
 /// Whom the host offers to work dialogs in place of a person at a window; mostly nobody.
 ui::DialogUser* hostDialogUser() {
-  const auto find = reinterpret_cast<ui::GetDialogUserFunction>(frame::hostExport(ui::getDialogUserExport));
-  return find ? find() : nullptr;
+  const auto find = reinterpret_cast<GetDialogUserFunction>(frame::hostExport(ui::getDialogUserExport));
+  return find ? static_cast<ui::DialogUser*>(find()) : nullptr;
 }
 
-const struct DialogUserSource {
-  DialogUserSource() { ui::setDialogUserSource(&hostDialogUser); }
-} dialogUserSource;
+const struct DialogUserLink {
+  DialogUserLink() { ui::setDialogUserSource(&hostDialogUser); }
+} dialogUserLink;
 
 } // namespace

@@ -7,11 +7,11 @@
 namespace ui {
 namespace {
 
-GetDialogUserFunction userSource = nullptr;
+DialogUserSource userSource = nullptr;
 
 } // namespace
 
-void setDialogUserSource(GetDialogUserFunction source) { userSource = source; }
+void setDialogUserSource(DialogUserSource source) { userSource = source; }
 
 DialogUser* findDialogUser() { return userSource ? userSource() : nullptr; }
 

@@ -94,9 +94,10 @@ private:
   std::map<OdString, MessageHandler> m_handlers;
 };
 
-/// Says how the user is found each time a dialog opens; the function may return null for "nobody". Without a
-/// source there is nobody.
-void setDialogUserSource(GetDialogUserFunction source);
+/// Finds who works a dialog; null for "nobody".
+using DialogUserSource = DialogUser* (*)();
+/// Says how the user is found each time a dialog opens. Without a source there is nobody.
+void setDialogUserSource(DialogUserSource source);
 /// Asks the source.
 DialogUser* findDialogUser();
 

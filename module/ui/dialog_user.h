@@ -197,9 +197,8 @@ protected:
   ~DialogUser() = default;
 };
 
-/// The type of the optional export of the main host program by which the module finds the user; the export's
-/// name follows. It may return null for "nobody".
-using GetDialogUserFunction = DialogUser* (*)();
+/// The optional export of the main host program that gives the user as an untyped pointer, or null for
+/// "nobody"; GetDialogUserFunction (HostServices.h) is its type.
 inline constexpr const char* getDialogUserExport = "GetDialogUser";
 
 } // namespace ui

@@ -7,7 +7,7 @@ class OdDbMText : public OdDbEntity {
   ODRX_DECLARE_MEMBERS(OdDbMText);
 
 public:
-  enum AttachmentPoint {
+  enum AttachmentPoint : int {
     kTopLeft = 1,
     kTopCenter = 2,
     kTopRight = 3,
@@ -18,7 +18,7 @@ public:
     kBottomCenter = 8,
     kBottomRight = 9,
   };
-  enum FlowDirection { kLtoR = 1, kRtoL = 2, kTtoB = 3, kBtoT = 4, kByStyle = 5 };
+  enum FlowDirection : int { kLtoR = 1, kRtoL = 2, kTtoB = 3, kBtoT = 4, kByStyle = 5 };
 
   /// Where the attachment point lies.
   OdGePoint3d location() const;

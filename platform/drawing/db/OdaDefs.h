@@ -4,7 +4,8 @@
 /// The enumerations of the drawing interface. Values that drawing files store are the files' own.
 namespace OdDb {
 enum OpenMode { kNotOpen = -1, kForRead = 0, kForWrite = 1, kForNotify = 2 };
-enum TextHorzMode {
+// Those with a type of their own hold whatever a drawing file says.
+enum TextHorzMode : int {
   kTextLeft = 0,
   kTextCenter = 1,
   kTextRight = 2,
@@ -12,17 +13,23 @@ enum TextHorzMode {
   kTextMid = 4,
   kTextFit = 5
 };
-enum TextVertMode { kTextBase = 0, kTextBottom = 1, kTextVCenter = 2, kTextTop = 3 };
-enum Visibility { kInvisible = 1, kVisible = 0 };
+enum TextVertMode : int { kTextBase = 0, kTextBottom = 1, kTextVCenter = 2, kTextTop = 3 };
+enum Visibility : int { kInvisible = 1, kVisible = 0 };
 /// Hundredths of a millimetre, or one of the three names.
-enum LineWeight { kLnWtByLayer = -1, kLnWtByBlock = -2, kLnWtByLwDefault = -3, kLnWt000 = 0, kLnWt025 = 25 };
-enum PlotStyleNameType {
+enum LineWeight : int {
+  kLnWtByLayer = -1,
+  kLnWtByBlock = -2,
+  kLnWtByLwDefault = -3,
+  kLnWt000 = 0,
+  kLnWt025 = 25
+};
+enum PlotStyleNameType : int {
   kPlotStyleNameByLayer = 0,
   kPlotStyleNameByBlock = 1,
   kPlotStyleNameIsDictDefault = 2,
   kPlotStyleNameById = 3
 };
-enum LineSpacingStyle { kAtLeast = 1, kExactly = 2 };
+enum LineSpacingStyle : int { kAtLeast = 1, kExactly = 2 };
 /// Release of a drawing, in the order of their appearance.
 enum DwgVersion {
   vUnknown,

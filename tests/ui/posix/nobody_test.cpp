@@ -12,8 +12,8 @@ public:
 };
 
 TEST(Nobody, ToAnswerIsAClearError) {
-  for (const ui::GetDialogUserFunction source :
-       {ui::GetDialogUserFunction{}, +[]() -> ui::DialogUser* { return nullptr; }}) {
+  for (const ui::DialogUserSource source :
+       {ui::DialogUserSource{}, +[]() -> ui::DialogUser* { return nullptr; }}) {
     ui::setDialogUserSource(source);
     try {
       Unshown().doModal();
