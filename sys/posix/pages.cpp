@@ -1,4 +1,5 @@
 #include "sys/pages.h"
+#include "sys/undying.h"
 #include <cstdint>
 #include <new>
 #include <sys/mman.h>
@@ -48,10 +49,6 @@ class Pages : public std::pmr::memory_resource {
 
 } // namespace
 
-std::pmr::memory_resource& pages() {
-  // Never destroyed, because what it gave may be given back by the last of the static objects.
-  static auto* const resource = new Pages;
-  return *resource;
-}
+std::pmr::memory_resource& pages() { return undying<Pages>(); }
 
 } // namespace sys

@@ -211,7 +211,7 @@ TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
   for (const auto& [name, text] : cases) {
     SCOPED_TRACE(name);
     [[maybe_unused]] const std::size_t peak = test::peakMemory([&bytes = text] { survive(bytes); });
-#ifndef __SANITIZE_ADDRESS__ // which keeps what was freed
+#ifndef BLOCKATTR_SANITIZED // which keeps what was freed
     constexpr std::size_t kFixed = 16 << 20, kPerByte = 80;
     EXPECT_LT(peak, kFixed + kPerByte * text.size());
 #endif

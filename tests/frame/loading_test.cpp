@@ -20,7 +20,7 @@ TEST(Loading, AHundredTimesCostsNothing) {
   loadAndUnload(100);
   const test::Holdings after = test::holdings();
   EXPECT_EQ(after.handles, before.handles);
-#ifndef __SANITIZE_ADDRESS__                 // keeps what was freed, and looks for leaks itself
+#ifndef BLOCKATTR_SANITIZED                  // keeps what was freed, and looks for leaks itself
   constexpr std::size_t kSlack = 256 * 1024; // what the system's own heap may take, less than 3 KiB a time
   EXPECT_LE(after.memory, before.memory + kSlack);
 #endif
