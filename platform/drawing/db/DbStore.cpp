@@ -222,12 +222,11 @@ OdDbObject* OdDbStore::open(OdDbStub* stub) {
 void OdDbStore::NameIndex::set(OdDbStub* record, std::wstring folded) {
   const auto known = names.find(record);
   if (known != names.end()) {
-    if (known->second == folded) return;
-    auto& old = records[known->second];
-    old.erase(std::remove(old.begin(), old.end(), record), old.end());
+    if (known->second.folded == folded) return;
+    records[known->second.folded].erase(known->second.number);
   }
-  records[folded].push_back(record);
-  names[record] = std::move(folded);
+  records[folded].emplace(nextNumber, record);
+  names[record] = {std::move(folded), nextNumber++};
 }
 
 OdString OdDbStore::recordName(const OdDbGroupList& groups) {
@@ -251,7 +250,7 @@ OdDbStub* OdDbStore::findRecord(OdDbStub* table, std::wstring_view name) {
   NameIndex& index = nameIndex(table);
   const auto found = index.records.find(odFoldCase(name));
   if (found == index.records.end()) return nullptr;
-  for (OdDbStub* record : found->second)
+  for (const auto& [number, record] : found->second)
     if (!record->isErased()) return record;
   return nullptr;
 }
@@ -267,5 +266,5 @@ const std::wstring& OdDbStore::foldedName(OdDbStub* record) {
   if (!record || !record->owner || record->owner->dxfName() != "TABLE") return kNone;
   const NameIndex& index = nameIndex(record->owner);
   const auto found = index.names.find(record);
-  return found == index.names.end() ? kNone : found->second;
+  return found == index.names.end() ? kNone : found->second.folded;
 }

@@ -161,8 +161,14 @@ public:
 
 private:
   struct NameIndex {
-    std::unordered_map<std::wstring, std::vector<OdDbStub*>> records; ///< by folded name
-    std::unordered_map<OdDbStub*, std::wstring> names;
+    struct Entry {
+      std::wstring folded;
+      OdUInt64 number; ///< counts the namings, so that of equal names the first stays the first
+    };
+    /// By folded name. Damaged drawings can have any number of one name, which are renamed one by one.
+    std::unordered_map<std::wstring, std::map<OdUInt64, OdDbStub*>> records;
+    std::unordered_map<OdDbStub*, Entry> names;
+    OdUInt64 nextNumber = 0;
     void set(OdDbStub* record, std::wstring folded);
   };
   NameIndex& nameIndex(OdDbStub* table);
