@@ -17,6 +17,13 @@ std::size_t wholePages(std::size_t bytes) {
   return (bytes + page - 1) / page * page;
 }
 
+/// What is mapped for so many bytes: whole huge pages, and small ones behind them for a small rest. A rest of
+/// small pages costs more than a huge page long before it fills one.
+std::size_t mappedSize(std::size_t bytes) {
+  const std::size_t rest = bytes % kHugePage;
+  return rest < kHugePage / 4 ? bytes - rest + wholePages(rest) : bytes - rest + kHugePage;
+}
+
 /// Maps memory that begins where a huge page can.
 char* mapAligned(std::size_t size) {
   void* memory =
@@ -32,7 +39,7 @@ char* mapAligned(std::size_t size) {
 class Pages : public std::pmr::memory_resource {
   void* do_allocate(std::size_t bytes, std::size_t alignment) override {
     if (bytes < kSmallest) return std::pmr::new_delete_resource()->allocate(bytes, alignment);
-    const std::size_t size = wholePages(bytes);
+    const std::size_t size = mappedSize(bytes);
     char* const memory = mapAligned(size);
     const std::size_t huge = size / kHugePage * kHugePage;
     // Where the system does not know these, it takes longer.
@@ -42,7 +49,7 @@ class Pages : public std::pmr::memory_resource {
   }
   void do_deallocate(void* memory, std::size_t bytes, std::size_t alignment) override {
     if (bytes < kSmallest) return std::pmr::new_delete_resource()->deallocate(memory, bytes, alignment);
-    ::munmap(memory, wholePages(bytes));
+    ::munmap(memory, mappedSize(bytes));
   }
   bool do_is_equal(const std::pmr::memory_resource& other) const noexcept override { return this == &other; }
 };
