@@ -126,11 +126,19 @@ private:
 
 TEST_P(CorruptionTest, RandomDamageIsSurvived) {
   constexpr unsigned kTimes = 2000, kMostDamages = 3;
+  // A large drawing takes as long as many small ones, and breaks in the same ways.
+  constexpr std::size_t kCostOfAny = 30000; // in bytes
   std::vector<std::string> drawings;
-  for (const fs::path& path : exampleDrawings()) drawings.emplace_back(sys::readFile(path).bytes);
+  std::vector<double> shares;
+  for (const fs::path& path : exampleDrawings()) {
+    drawings.emplace_back(sys::readFile(path).bytes);
+    shares.push_back(1.0 / static_cast<double>(kCostOfAny + drawings.back().size()));
+  }
+  std::discrete_distribution<std::size_t> choice(shares.begin(), shares.end());
+  std::mt19937 random(0); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same drawings every time
   for (unsigned seed = 0; seed < kTimes; ++seed) {
     SCOPED_TRACE("seed " + std::to_string(seed));
-    std::string damaged = drawings[seed % drawings.size()];
+    std::string damaged = drawings[choice(random)];
     Damage damage(seed);
     for (unsigned i = 0; i <= seed % kMostDamages; ++i) damage.inflict(damaged);
     survive(damaged);
@@ -139,22 +147,18 @@ TEST_P(CorruptionTest, RandomDamageIsSurvived) {
 
 // --- files that nobody would write ---
 
-/// A piece once for each number from 0; "#" stands for the number in hexadecimal, "%" for the next one.
+/// The groups once for each number from 0; "#" stands for the number in hexadecimal, "%" for the next one.
 std::string repeated(std::string_view groups, int count) {
-  const Layout brief{"AC1032", "\n", false};
+  const std::string lines = dxf(groups, {"AC1032", "\n", false});
   std::string all;
-  const auto hexadecimal = [](int number) {
-    char text[16];
-    return std::string(text, std::to_chars(text, text + sizeof text, number, 16).ptr);
-  };
   for (int i = 0; i < count; ++i) {
-    std::string piece;
-    for (const char c : groups)
+    for (const char c : lines) {
+      char number[16];
       if (c == '#' || c == '%')
-        piece += hexadecimal(0x1000 + i + (c == '%' ? 1 : 0));
+        all.append(number, std::to_chars(number, number + sizeof number, 0x1000 + i + (c == '%'), 16).ptr);
       else
-        piece += c;
-    all += dxf(piece, brief);
+        all += c;
+    }
   }
   return all;
 }
@@ -165,7 +169,7 @@ std::string in(const char* section, const std::string& records) {
 }
 
 TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
-  constexpr int kMany = 100000, kBytes = 1000000;
+  constexpr int kMany = 20000, kDeep = 100000, kBytes = 1000000;
   const std::string polyline =
       "0 LWPOLYLINE|100 AcDbEntity|8 0|100 AcDbPolyline|70 1|10 0|20 0|10 1|20 1|90 ";
   const std::pair<const char*, std::string> cases[] = {
@@ -187,7 +191,7 @@ TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
           dxf("0 INSERT|100 AcDbEntity|8 0|100 AcDbBlockReference|2 *Model_Space|70 32767|71 32767|44 "
               "1e308|45 1e308|41 1e308"))},
       {"a long text", in("ENTITIES", dxf("0 TEXT|100 AcDbText|1 " + std::string(kBytes, '\\')))},
-      {"long formats", in("ENTITIES", dxf("0 MTEXT|100 AcDbMText|41 1e-300|1 " + std::string(kMany, '{')))},
+      {"long formats", in("ENTITIES", dxf("0 MTEXT|100 AcDbMText|41 1e-300|1 " + std::string(kDeep, '{')))},
       {"a long group code", in("ENTITIES", std::string(kBytes, '0') + "\nLINE\n")},
       {"a long number", in("ENTITIES", dxf("0 LINE|10 0." + std::string(kBytes, '0') + "1"))},
       {"a long chunk", in("ENTITIES", dxf("0 LINE|310 " + std::string(kBytes, 'A')))},
@@ -196,16 +200,16 @@ TEST_P(CorruptionTest, FilesOutOfProportionAreSurvived) {
       {"many records of one name",
        in("TABLES", dxf("0 TABLE|2 LAYER") + repeated("0 LAYER|2 x", kMany) + dxf("0 ENDTAB"))},
       {"many references without an end", in("ENTITIES", repeated("0 INSERT|66 1|2 X|0 ATTRIB", kMany))},
-      {"groups within groups", in("ENTITIES", dxf("0 LINE") + repeated("102 {A", kMany))},
-      {"lists within lists", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("1002 {", kMany))},
-      {"ends without beginnings", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("102 }|1002 }", kMany))},
+      {"groups within groups", in("ENTITIES", dxf("0 LINE") + repeated("102 {A", kDeep))},
+      {"lists within lists", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("1002 {", kDeep))},
+      {"ends without beginnings", in("ENTITIES", dxf("0 LINE|1001 ACAD") + repeated("102 }|1002 }", kDeep))},
       {"blocks within blocks",
-       in("BLOCKS", repeated("0 BLOCK|2 B#|0 INSERT|8 0|100 AcDbBlockReference|2 B%|0 ENDBLK", kMany) +
+       in("BLOCKS", repeated("0 BLOCK|2 B#|0 INSERT|8 0|100 AcDbBlockReference|2 B%|0 ENDBLK", kDeep) +
                         dxf("0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|100 AcDbBlockReference|2 B1000"))},
       {"a block within itself",
        in("BLOCKS", dxf("0 BLOCK|2 A|0 INSERT|2 a|0 ENDBLK|0 ENDSEC|0 SECTION|2 ENTITIES|0 INSERT|2 A"))},
       {"owners of owners",
-       in("OBJECTS", repeated("0 DICTIONARY|5 %|330 #", kMany) + dxf("0 DICTIONARY|5 1000|330 0"))},
+       in("OBJECTS", repeated("0 DICTIONARY|5 %|330 #", kDeep) + dxf("0 DICTIONARY|5 1000|330 0"))},
       {"objects that own each other", in("OBJECTS", dxf("0 DICTIONARY|5 A|330 B|0 DICTIONARY|5 B|330 A"))},
   };
   for (const auto& [name, text] : cases) {
