@@ -1,6 +1,7 @@
-// How the costs of walking along a curve grow: a curve of many pieces, divided into many parts as a command
-// would. The time per piece and part must stay the same from one size to the next; the last lines of each
-// benchmark show the fitted growth.
+// How the costs of walking along a curve, and of the curve beside it, grow: curves of many pieces, divided
+// into many parts as a command would. The time per piece and part must stay the same from one size to the
+// next; the last lines of each benchmark show the fitted growth.
+#include "Ge/GePolylineOffset.h"
 #include "sample_curves.h"
 #include <algorithm>
 #include <benchmark/benchmark.h>
@@ -44,8 +45,27 @@ void divideMore(benchmark::State& state, Make make) {
   finish(state);
 }
 
+/// Beside a zigzag of so many pieces, which lies or stands.
+void offsetMore(benchmark::State& state, bool stands) {
+  OdGeFlatPolyline zigzag;
+  for (int i = 0; i <= state.range(0); ++i)
+    zigzag.points.push_back(stands ? OdGePoint2d(i % 2 * 3, i) : OdGePoint2d(i, i % 2 * 3));
+  for (auto _ : state) benchmark::DoNotOptimize(odGeOffset(zigzag, 0.25));
+  finish(state);
+}
+
 } // namespace
 
+BENCHMARK_CAPTURE(offsetMore, lying, false)
+    ->Arg(1000)
+    ->Arg(8000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
+BENCHMARK_CAPTURE(offsetMore, standing, true)
+    ->Arg(1000)
+    ->Arg(8000)
+    ->Unit(benchmark::kMillisecond)
+    ->Complexity();
 BENCHMARK_CAPTURE(divideMore, polyline, &polyline)
     ->Arg(4000)
     ->Arg(32000)

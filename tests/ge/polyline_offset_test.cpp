@@ -20,6 +20,11 @@ OdGeFlatPolyline square(double side) {
   return {{{0, 0}, {side, 0}, {side, side}, {0, side}}, {0, 0, 0, 0}, true};
 }
 
+OdGeFlatPolyline standing(OdGeFlatPolyline lying) {
+  for (OdGePoint2d& point : lying.points) point = OdGePoint2d(-point.y, point.x);
+  return lying;
+}
+
 TEST(PolylineOffset, LengthsOfKnownFigures) {
   const OdGeFlatPolyline circle = {{{-2, 0}, {2, 0}}, {1, 1}, true};
   const OdGeFlatPolyline slot = {{{0, 0}, {10, 0}, {10, 4}, {0, 4}}, {0, 1, 0, 1}, true};
@@ -60,12 +65,13 @@ TEST(PolylineOffset, LengthsOfKnownFigures) {
       {"corner outside", corner, 1, 1, 12},
       {"corner inside", corner, -1, 1, 8},
   };
-  for (const auto& [name, source, distance, count, length] : cases) {
-    const std::vector<OdGeFlatPolyline> found = odGeOffset(source, distance);
-    EXPECT_EQ(found.size(), count) << name;
-    EXPECT_NEAR(totalLength(found), length, 1e-9) << name;
-    for (const OdGeFlatPolyline& each : found) EXPECT_EQ(each.isClosed, source.isClosed) << name;
-  }
+  for (const auto& [name, source, distance, count, length] : cases)
+    for (const OdGeFlatPolyline& figure : {source, standing(source)}) {
+      const std::vector<OdGeFlatPolyline> found = odGeOffset(figure, distance);
+      EXPECT_EQ(found.size(), count) << name;
+      EXPECT_NEAR(totalLength(found), length, 1e-9) << name;
+      for (const OdGeFlatPolyline& each : found) EXPECT_EQ(each.isClosed, source.isClosed) << name;
+    }
   EXPECT_THROW(odGeOffset({{{1, 1}, {1, 1}}, {}, true}, 1), OdError);
   EXPECT_THROW(odGeOffset(bow, std::nan("")), OdError);
 }

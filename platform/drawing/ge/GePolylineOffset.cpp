@@ -168,21 +168,24 @@ private:
 // --- cutting away what is too near ---
 
 struct Bounds {
-  double low;
-  double high;
+  OdGePoint2d low;
+  OdGePoint2d high;
   std::size_t piece;
+
+  static Bounds of(const Piece& piece, std::size_t index) {
+    const double reach = piece.isArc() ? 2 * piece.radius() : 0;
+    const auto [left, right] = std::minmax(piece.from.x, piece.to.x);
+    const auto [bottom, top] = std::minmax(piece.from.y, piece.to.y);
+    return {{left - reach, bottom - reach}, {right + reach, top + reach}, index};
+  }
+  bool isBeside(const Bounds& other) const { return low.y > other.high.y || other.low.y > high.y; }
 };
 
 /// For each of the first `count` pieces the parts at which others cross or join it, by a sweep over X.
 std::vector<std::vector<double>> crossings(const std::vector<Piece>& pieces, std::size_t count) {
   std::vector<Bounds> order;
-  for (std::size_t i = 0; i < pieces.size(); ++i) {
-    const Piece& piece = pieces[i];
-    const double reach = piece.isArc() ? 2 * piece.radius() : 0;
-    order.push_back(
-        {std::min(piece.from.x, piece.to.x) - reach, std::max(piece.from.x, piece.to.x) + reach, i});
-  }
-  std::sort(order.begin(), order.end(), [](const Bounds& a, const Bounds& b) { return a.low < b.low; });
+  for (std::size_t i = 0; i < pieces.size(); ++i) order.push_back(Bounds::of(pieces[i], i));
+  std::sort(order.begin(), order.end(), [](const Bounds& a, const Bounds& b) { return a.low.x < b.low.x; });
   std::vector<std::vector<double>> cuts(count);
   const auto cut = [&](std::size_t index, const OdGePoint2d& point) {
     if (index >= count) return;
@@ -199,8 +202,9 @@ std::vector<std::vector<double>> crossings(const std::vector<Piece>& pieces, std
       }
   };
   for (std::size_t i = 0; i < order.size(); ++i)
-    for (std::size_t k = i + 1; k < order.size() && order[k].low <= order[i].high; ++k)
-      if (order[i].piece < count || order[k].piece < count) cutBoth(order[i].piece, order[k].piece);
+    for (std::size_t k = i + 1; k < order.size() && order[k].low.x <= order[i].high.x; ++k)
+      if ((order[i].piece < count || order[k].piece < count) && !order[i].isBeside(order[k]))
+        cutBoth(order[i].piece, order[k].piece);
   return cuts;
 }
 
@@ -309,14 +313,9 @@ private:
   std::vector<bool> m_isUsed;
 };
 
-} // namespace
-
-std::vector<OdGeFlatPolyline> odGeOffset(const OdGeFlatPolyline& polyline, double distance) {
-  odGeSolve::requireFinite(distance);
-  std::vector<OdGePoint3d> places;
-  for (const OdGePoint2d& point : polyline.points) places.emplace_back(point.x, point.y, 0);
-  const OdGePolylineCurve3d curve(places, polyline.bulges, polyline.isClosed); // checks everything
-  if (distance == 0) return {polyline};
+/// The offset of a polyline that `curve` equals.
+std::vector<OdGeFlatPolyline> offsetOf(const OdGeFlatPolyline& polyline, const OdGePolylineCurve3d& curve,
+                                       double distance) {
   std::vector<Piece> source;
   const std::size_t count = polyline.points.size();
   for (std::size_t i = 0; i + (polyline.isClosed ? 0 : 1) < count; ++i) {
@@ -362,4 +361,35 @@ std::vector<OdGeFlatPolyline> odGeOffset(const OdGeFlatPolyline& polyline, doubl
   }
   dropRepeated(slices, near);
   return Chains(joined(pieces, slices), 10 * near).all();
+}
+
+OdGePolylineCurve3d curveOf(const OdGeFlatPolyline& polyline) {
+  std::vector<OdGePoint3d> places;
+  for (const OdGePoint2d& point : polyline.points) places.emplace_back(point.x, point.y, 0);
+  return OdGePolylineCurve3d(places, polyline.bulges, polyline.isClosed); // checks everything
+}
+
+/// A quarter of a turn, without any loss.
+enum class Quarter { clockwise, back };
+OdGeFlatPolyline turned(OdGeFlatPolyline polyline, Quarter quarter) {
+  constexpr double kNoMinus = 0.0; // a negative zero plus zero is positive
+  for (OdGePoint2d& point : polyline.points)
+    point = quarter == Quarter::clockwise ? OdGePoint2d(point.y, -point.x + kNoMinus)
+                                          : OdGePoint2d(-point.y + kNoMinus, point.x);
+  return polyline;
+}
+
+} // namespace
+
+std::vector<OdGeFlatPolyline> odGeOffset(const OdGeFlatPolyline& polyline, double distance) {
+  odGeSolve::requireFinite(distance);
+  const OdGePolylineCurve3d curve = curveOf(polyline);
+  if (distance == 0) return {polyline};
+  const OdGeVector3d size = curve.extents().maxPoint() - curve.extents().minPoint();
+  if (size.y <= size.x) return offsetOf(polyline, curve, distance);
+  // Pieces are looked up along X, and a tall polyline may have all of them at the same place.
+  const OdGeFlatPolyline lying = turned(polyline, Quarter::clockwise);
+  std::vector<OdGeFlatPolyline> found = offsetOf(lying, curveOf(lying), distance);
+  for (OdGeFlatPolyline& each : found) each = turned(std::move(each), Quarter::back);
+  return found;
 }
