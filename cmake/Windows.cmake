@@ -5,8 +5,9 @@ enable_language(RC)
 
 # Wide functions of the system, as of Windows 10, and printf of the C++ standard.
 add_compile_definitions(UNICODE _UNICODE _WIN32_WINNT=0x0A00 __USE_MINGW_ANSI_STDIO=1)
-# Only what a library exports on purpose or with everything of its own: not the static libraries inside it.
-add_link_options(-Wl,--exclude-libs,ALL)
+# Only what a library exports on purpose or with everything of its own: not the static libraries inside it. Debuggers of
+# Windows do not read what the compiler would write for them.
+add_link_options(-Wl,--exclude-libs,ALL -s)
 
 # Header libraries stand among the headers of the build system, which are not for this target: a folder of links to them.
 set(forwarded ${CMAKE_BINARY_DIR}/include)

@@ -1,6 +1,8 @@
 // How the module finds its host, in programs that differ in what they export and in what they have loaded.
 #include <array>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 #include <gmock/gmock.h>
 #include <memory>
 
@@ -10,6 +12,7 @@ std::string run(const std::string& program, const std::string& arguments) {
   std::string command = PROBE_FOLDER "/";
   command.append(program).append(" ").append(arguments);
   const std::unique_ptr<FILE, int (*)(FILE*)> pipe(popen(command.c_str(), "r"), &pclose);
+  if (!pipe) return std::string("cannot be started: ") + std::strerror(errno);
   std::array<char, 256> line;
   std::string output;
   while (std::fgets(line.data(), line.size(), pipe.get())) output += line.data();

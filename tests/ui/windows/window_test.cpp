@@ -232,7 +232,14 @@ TEST(Window, StandsWhereItsPlacementSays) {
               ElementsAre(40, 40, 296, 296));
 }
 
+/// Takes what windows that have gone still have to hear: Wine reads the real keyboard with it and forgets
+/// struck keys.
+void settle() {
+  for (MSG message; PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE);) DispatchMessageW(&message);
+}
+
 void strikeRightControl(DWORD flags) {
+  settle();
   INPUT input{};
   input.type = INPUT_KEYBOARD;
   input.ki.wVk = VK_RCONTROL;
