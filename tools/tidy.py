@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
-"""clang-tidy over sources in groups: tidy.py BUILDDIR CHECKS FILE...
+"""clang-tidy over sources in groups: tidy.py BUILDDIR LARGEST CHECKS FILE...
 
 Nearly all that clang-tidy does for one source it does for the headers, so sources of the same compiler options are read
-together, as one source that includes them; that takes a quarter of the time. Sources whose own names would meet stand in
-different groups. Where the compiler refuses a group all the same, its sources are read one by one.
+together, LARGEST at most, as one source that includes them. Sources whose own names would meet stand in different groups.
+Where the compiler refuses a group all the same, its sources are read one by one. The static analyzer needs LARGEST to be 1:
+it looks at nothing that is included.
 
 BUILDDIR holds compile_commands.json and keeps what was found clean: a group is not read again while neither what the
 compiler sees of it nor the rules change. CHECKS is added to those of .clang-tidy. Exit status 1 when anything was found.
@@ -18,7 +19,6 @@ import subprocess
 import sys
 from concurrent.futures import ThreadPoolExecutor
 
-LARGEST_GROUP = 12
 # A group is a source that includes sources, and some declare what others define.
 NOT_OF_GROUPS = ",-bugprone-suspicious-include,-readability-redundant-declaration"
 OWN_SCOPE = re.compile(r"^namespace \{$(.*?)^\} // namespace$", re.M | re.S)
@@ -53,8 +53,8 @@ def options(entry):
     return kept
 
 
-def groups(build, sources):
-    """Lists of sources with their options; sources that are not part of the build end the program."""
+def groups(build, largest, sources):
+    """Lists of at most so many sources with their options; sources that are not part of the build end the program."""
     entries = {entry["file"]: entry for entry in json.loads((build / "compile_commands.json").read_text())}
     found = {}
     for source in sources:
@@ -64,7 +64,7 @@ def groups(build, sources):
         names = own_names(source)
         alike = found.setdefault(" ".join(words), [])
         for group in alike:
-            if len(group["sources"]) < LARGEST_GROUP and not names & group["names"]:
+            if len(group["sources"]) < largest and not names & group["names"]:
                 group["sources"].append(source)
                 group["names"] |= names
                 break
@@ -73,11 +73,15 @@ def groups(build, sources):
     return [group for alike in found.values() for group in alike]
 
 
-def tidy(build, checks, group):
-    """What clang-tidy says of a group, nothing if it is clean."""
-    text = "".join(f'#include "{source}"\n' for source in group["sources"])
-    unit = build / f"{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
-    unit.write_text(text)
+def tidy(build, given, group):
+    """What clang-tidy says of a group by the given checks, nothing if it is clean."""
+    checks = given
+    unit = group["sources"][0]
+    if len(group["sources"]) > 1:
+        checks += NOT_OF_GROUPS
+        text = "".join(f'#include "{source}"\n' for source in group["sources"])
+        unit = build / f"{hashlib.sha256(text.encode()).hexdigest()[:16]}.cpp"
+        unit.write_text(text)
     seen = subprocess.run(group["options"] + ["-E", "-P", str(unit)], capture_output=True, check=False)
     if seen.returncode:
         return seen.stderr.decode()
@@ -85,23 +89,23 @@ def tidy(build, checks, group):
     stamp = build / "stamps" / hashlib.sha256(seen.stdout + rules).hexdigest()[:40]
     if stamp.exists():
         return ""
-    command = ["clang-tidy", "--quiet", f"--checks={checks}{NOT_OF_GROUPS}", str(unit), "--"]
+    command = ["clang-tidy", "--quiet", f"--checks={checks}", str(unit), "--"]
     ran = subprocess.run(command + group["options"][1:] + ["-Wno-unknown-warning-option"], capture_output=True, check=False)
     if ran.returncode == 0:
         stamp.touch()
         return ""
     if b"[clang-diagnostic-error" in ran.stdout and len(group["sources"]) > 1:
-        return "".join(tidy(build, checks, {"options": group["options"], "sources": [source]}) for source in group["sources"])
-    return ran.stdout.decode() or ran.stderr.decode()
+        return "".join(tidy(build, given, {"options": group["options"], "sources": [source]}) for source in group["sources"])
+    return ran.stdout.decode() or f"{unit}: clang-tidy ended with status {ran.returncode}\n{ran.stderr.decode()}"
 
 
 def main():
-    build, checks = pathlib.Path(sys.argv[1]).resolve(), sys.argv[2]
-    sources = sorted(pathlib.Path(name).resolve() for name in sys.argv[3:])
+    build, largest, checks = pathlib.Path(sys.argv[1]).resolve(), int(sys.argv[2]), sys.argv[3]
+    sources = sorted(pathlib.Path(name).resolve() for name in sys.argv[4:])
     (build / "stamps").mkdir(exist_ok=True)
     status = 0
     with ThreadPoolExecutor(os.cpu_count()) as pool:
-        for said in pool.map(lambda group: tidy(build, checks, group), groups(build, sources)):
+        for said in pool.map(lambda group: tidy(build, checks, group), groups(build, largest, sources)):
             if said:
                 print(said, flush=True)
                 status = 1
